@@ -1,0 +1,466 @@
+#include "platform/device_fs.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <system_error>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+#include "platform/durable_file.h"
+#include "platform/host_attributes.h"
+#include "platform/text.h"
+
+namespace zelvor {
+namespace fs = std::filesystem;
+namespace {
+
+bool IsSeparator(char16_t c) {
+    return c == u'\\' || c == u'/';
+}
+
+std::vector<std::u16string_view> SplitComponents(std::u16string_view path) {
+    std::vector<std::u16string_view> parts;
+    size_t i = 0;
+    while (i < path.size()) {
+        while (i < path.size() && IsSeparator(path[i]))
+            ++i;
+        size_t start = i;
+        while (i < path.size() && !IsSeparator(path[i]))
+            ++i;
+        if (i > start)
+            parts.push_back(path.substr(start, i - start));
+    }
+    return parts;
+}
+
+// 100-ns units since 1601-01-01, the device's file time.
+std::uint64_t ToFileTime(const struct timespec& ts) {
+    constexpr std::int64_t kSecondsFrom1601To1970 = 11644473600LL;
+    std::int64_t seconds = ts.tv_sec + kSecondsFrom1601To1970;
+    if (seconds < 0)
+        return 0;
+    return static_cast<std::uint64_t>(seconds) * 10000000ULL +
+           static_cast<std::uint64_t>(ts.tv_nsec) / 100;
+}
+
+std::uint32_t AttributesOf(const fs::path& host, const struct stat& st) {
+    bool isDir = S_ISDIR(st.st_mode);
+    std::uint32_t attrs = ReadStoredAttributes(host).value_or(isDir ? 0 : kAttrArchive);
+    if ((st.st_mode & S_IWUSR) == 0)
+        attrs |= kAttrReadOnly;
+    if (isDir)
+        attrs |= kAttrDirectory;
+    return attrs;
+}
+
+bool FillFindData(const fs::path& host, std::u16string name, FindData& out) {
+    struct stat st {};
+    if (::stat(host.c_str(), &st) != 0)
+        return false;
+    out.attributes = AttributesOf(host, st);
+    out.creationTime = ToFileTime(st.st_ctim);
+    out.lastAccessTime = ToFileTime(st.st_atim);
+    out.lastWriteTime = ToFileTime(st.st_mtim);
+    out.size = S_ISDIR(st.st_mode) ? 0 : static_cast<std::uint64_t>(st.st_size);
+    out.name = std::move(name);
+    return true;
+}
+
+// The entry of `folder` whose name equals `name` ignoring case, preferring an
+// exact match. Empty when there is none.
+std::string FindEntryIgnoringCase(const fs::path& folder, std::u16string_view name) {
+    std::string exact = ToUtf8(name);
+    struct stat st {};
+    if (::lstat((folder / exact).c_str(), &st) == 0)
+        return exact;
+    DIR* dir = ::opendir(folder.c_str());
+    if (dir == nullptr)
+        return {};
+    std::string found;
+    while (dirent* entry = ::readdir(dir)) {
+        std::u16string candidate = FromUtf8(entry->d_name);
+        if (EqualsIgnoreCase(candidate, name)) {
+            found = entry->d_name;
+            break;
+        }
+    }
+    ::closedir(dir);
+    return found;
+}
+
+bool IsWithin(const fs::path& path, const fs::path& base) {
+    auto [b, p] = std::mismatch(base.begin(), base.end(), path.begin(), path.end());
+    return b == base.end();
+}
+
+class HostFindHandle final : public FindHandle {
+public:
+    explicit HostFindHandle(std::vector<FindData> entries) : m_entries(std::move(entries)) {}
+    bool Next(FindData& out) override {
+        if (m_next >= m_entries.size())
+            return false;
+        out = std::move(m_entries[m_next++]);
+        return true;
+    }
+
+private:
+    std::vector<FindData> m_entries;
+    size_t m_next = 0;
+};
+
+class PosixFile final : public DeviceFile {
+public:
+    explicit PosixFile(int fd) : m_fd(fd) {}
+    ~PosixFile() override { ::close(m_fd); }
+    PosixFile(const PosixFile&) = delete;
+    PosixFile& operator=(const PosixFile&) = delete;
+
+    std::uint64_t Size() const override {
+        struct stat st {};
+        return ::fstat(m_fd, &st) == 0 ? static_cast<std::uint64_t>(st.st_size) : 0;
+    }
+    std::size_t ReadAt(std::uint64_t offset, std::span<std::byte> out) override {
+        std::size_t done = 0;
+        while (done < out.size()) {
+            ssize_t n = ::pread(m_fd, out.data() + done, out.size() - done,
+                                static_cast<off_t>(offset + done));
+            if (n < 0 && errno == EINTR)
+                continue;
+            if (n <= 0)
+                break;
+            done += static_cast<std::size_t>(n);
+        }
+        return done;
+    }
+    bool WriteAt(std::uint64_t offset, std::span<const std::byte> data) override {
+        std::size_t done = 0;
+        while (done < data.size()) {
+            ssize_t n = ::pwrite(m_fd, data.data() + done, data.size() - done,
+                                 static_cast<off_t>(offset + done));
+            if (n < 0 && errno == EINTR)
+                continue;
+            if (n <= 0)
+                return false;
+            done += static_cast<std::size_t>(n);
+        }
+        return true;
+    }
+    bool Truncate(std::uint64_t size) override {
+        return ::ftruncate(m_fd, static_cast<off_t>(size)) == 0;
+    }
+
+private:
+    int m_fd;
+};
+
+} // namespace
+
+DeviceFileSystem::DeviceFileSystem(fs::path hostRoot) {
+    std::error_code ec;
+    fs::path canonical = fs::weakly_canonical(hostRoot, ec);
+    m_hostRoot = ec ? std::move(hostRoot) : std::move(canonical);
+}
+
+void DeviceFileSystem::Bind(std::u16string_view devicePrefix, fs::path hostFolder) {
+    std::u16string prefix = NormalizePath(devicePrefix);
+    Unbind(prefix);
+    std::error_code ec;
+    fs::path canonical = fs::weakly_canonical(hostFolder, ec);
+    m_bindings.push_back({std::move(prefix), ec ? std::move(hostFolder) : std::move(canonical)});
+    // Longest prefix first, so the most specific binding wins.
+    std::sort(m_bindings.begin(), m_bindings.end(),
+              [](const Binding& a, const Binding& b) { return a.prefix.size() > b.prefix.size(); });
+}
+
+void DeviceFileSystem::Unbind(std::u16string_view devicePrefix) {
+    std::u16string prefix = NormalizePath(devicePrefix);
+    std::erase_if(m_bindings, [&](const Binding& b) { return EqualsIgnoreCase(b.prefix, prefix); });
+}
+
+std::u16string DeviceFileSystem::NormalizePath(std::u16string_view devicePath) {
+    std::vector<std::u16string_view> kept;
+    for (std::u16string_view part : SplitComponents(devicePath)) {
+        if (part == u".")
+            continue;
+        if (part == u"..") {
+            if (!kept.empty())
+                kept.pop_back();
+            continue;
+        }
+        kept.push_back(part);
+    }
+    std::u16string out;
+    for (std::u16string_view part : kept) {
+        out += u'\\';
+        out += part;
+    }
+    return out.empty() ? std::u16string(u"\\") : out;
+}
+
+std::optional<DeviceFileSystem::Resolved> DeviceFileSystem::Resolve(
+    std::u16string_view devicePath) const {
+    if (devicePath.find(u'\0') != std::u16string_view::npos)
+        return std::nullopt;
+    std::u16string normalized = NormalizePath(devicePath);
+
+    fs::path base = m_hostRoot;
+    std::u16string_view rest = normalized;
+    for (const Binding& b : m_bindings) {
+        if (StartsWithIgnoreCase(normalized, b.prefix) &&
+            (normalized.size() == b.prefix.size() || normalized[b.prefix.size()] == u'\\')) {
+            base = b.host;
+            rest = std::u16string_view(normalized).substr(b.prefix.size());
+            break;
+        }
+    }
+
+    fs::path host = base;
+    bool exists = true;
+    for (std::u16string_view part : SplitComponents(rest)) {
+        std::string name = exists ? FindEntryIgnoringCase(host, part) : std::string();
+        if (name.empty()) {
+            exists = false;
+            name = ToUtf8(part);
+        }
+        host /= name;
+    }
+
+    // A symbolic link may not lead out of the root or binding it lies in.
+    std::error_code ec;
+    fs::path real = fs::weakly_canonical(host, ec);
+    if (ec || !IsWithin(real, base))
+        return std::nullopt;
+    return Resolved{std::move(host), std::move(base)};
+}
+
+std::optional<fs::path> DeviceFileSystem::ToHostPath(std::u16string_view devicePath) const {
+    auto resolved = Resolve(devicePath);
+    if (!resolved)
+        return std::nullopt;
+    return std::move(resolved->host);
+}
+
+std::unique_ptr<FindHandle> DeviceFileSystem::FindFirst(std::u16string_view pattern,
+                                                        FindData& first) const {
+    std::u16string normalized = NormalizePath(pattern);
+    std::u16string_view folder = DeviceFolderOf(normalized);
+    std::u16string_view namePattern = DeviceNameOf(normalized);
+    if (namePattern.empty())
+        return nullptr;
+    auto resolvedFolder = Resolve(folder.empty() ? std::u16string_view(u"\\") : folder);
+    if (!resolvedFolder)
+        return nullptr;
+
+    std::vector<FindData> entries;
+    if (DIR* dir = ::opendir(resolvedFolder->host.c_str())) {
+        while (dirent* entry = ::readdir(dir)) {
+            std::string_view raw = entry->d_name;
+            if (raw == "." || raw == "..")
+                continue;
+            std::u16string name = FromUtf8(raw);
+            if (!MatchesWildcard(name, namePattern))
+                continue;
+            FindData data;
+            if (FillFindData(resolvedFolder->host / raw, std::move(name), data))
+                entries.push_back(std::move(data));
+        }
+        ::closedir(dir);
+    }
+
+    // Bound folders show up in their parent like mount points, in place of
+    // whatever the host root holds under the same name.
+    std::u16string parent = NormalizePath(folder);
+    for (const Binding& b : m_bindings) {
+        if (!EqualsIgnoreCase(NormalizePath(DeviceFolderOf(b.prefix)), parent))
+            continue;
+        std::u16string name(DeviceNameOf(b.prefix));
+        std::erase_if(entries, [&](const FindData& e) { return EqualsIgnoreCase(e.name, name); });
+        FindData data;
+        if (MatchesWildcard(name, namePattern) && FillFindData(b.host, name, data))
+            entries.push_back(std::move(data));
+    }
+
+    if (entries.empty())
+        return nullptr;
+    first = std::move(entries.front());
+    entries.erase(entries.begin());
+    return std::make_unique<HostFindHandle>(std::move(entries));
+}
+
+std::uint32_t DeviceFileSystem::GetAttributes(std::u16string_view path) const {
+    auto host = ToHostPath(path);
+    struct stat st {};
+    if (!host || ::stat(host->c_str(), &st) != 0)
+        return kInvalidAttributes;
+    return AttributesOf(*host, st);
+}
+
+bool DeviceFileSystem::SetAttributes(std::u16string_view path, std::uint32_t attributes) {
+    auto host = ToHostPath(path);
+    struct stat st {};
+    if (!host || ::stat(host->c_str(), &st) != 0)
+        return false;
+    mode_t mode = st.st_mode & 07777;
+    mode = (attributes & kAttrReadOnly) ? (mode & ~mode_t{S_IWUSR | S_IWGRP | S_IWOTH})
+                                        : (mode | S_IWUSR);
+    if (::chmod(host->c_str(), mode) != 0)
+        return false;
+    // Without anything else to keep, a plain file needs no stored word.
+    std::uint32_t kept = attributes & ~kAttrDirectory;
+    if (!ReadStoredAttributes(*host) && (kept & ~(kAttrArchive | kAttrNormal)) == 0)
+        return true;
+    return WriteStoredAttributes(*host, kept);
+}
+
+bool DeviceFileSystem::CreateDirectory(std::u16string_view path) {
+    auto host = ToHostPath(path);
+    return host && ::mkdir(host->c_str(), 0755) == 0;
+}
+
+bool DeviceFileSystem::RemoveDirectory(std::u16string_view path) {
+    auto host = ToHostPath(path);
+    return host && NormalizePath(path) != u"\\" && ::rmdir(host->c_str()) == 0;
+}
+
+bool DeviceFileSystem::DeleteFile(std::u16string_view path) {
+    auto host = ToHostPath(path);
+    struct stat st {};
+    if (!host || ::lstat(host->c_str(), &st) != 0 || S_ISDIR(st.st_mode))
+        return false;
+    return ::unlink(host->c_str()) == 0;
+}
+
+bool DeviceFileSystem::MoveFile(std::u16string_view from, std::u16string_view to) {
+    auto source = ToHostPath(from);
+    auto target = ToHostPath(to);
+    struct stat st {};
+    if (!source || !target || ::lstat(source->c_str(), &st) != 0)
+        return false;
+    // The device's file system ignores case, so a target that differs only
+    // in case is the source itself: renaming "a" to "A" is allowed, moving
+    // onto another existing file is not.
+    bool sameEntry = *source == *target ||
+                     (EqualsIgnoreCase(NormalizePath(from), NormalizePath(to)));
+    if (!sameEntry && ::lstat(target->c_str(), &st) == 0)
+        return false;
+    if (sameEntry)
+        target = source->parent_path() / ToUtf8(DeviceNameOf(NormalizePath(to)));
+    return ::rename(source->c_str(), target->c_str()) == 0;
+}
+
+std::optional<DiskSpace> DeviceFileSystem::GetDiskFreeSpace(std::u16string_view path) const {
+    auto host = ToHostPath(path);
+    struct statvfs vfs {};
+    if (!host || ::statvfs(host->c_str(), &vfs) != 0)
+        return std::nullopt;
+    DiskSpace space;
+    space.freeBytesAvailableToCaller = static_cast<std::uint64_t>(vfs.f_bavail) * vfs.f_frsize;
+    space.totalBytes = static_cast<std::uint64_t>(vfs.f_blocks) * vfs.f_frsize;
+    space.totalFreeBytes = static_cast<std::uint64_t>(vfs.f_bfree) * vfs.f_frsize;
+    return space;
+}
+
+std::unique_ptr<DeviceFile> DeviceFileSystem::OpenFile(std::u16string_view path, FileMode mode,
+                                                       bool create) {
+    auto host = ToHostPath(path);
+    if (!host)
+        return nullptr;
+    int flags = (mode == FileMode::Read ? O_RDONLY : O_RDWR) | O_CLOEXEC;
+    if (create)
+        flags |= O_CREAT;
+    int fd = ::open(host->c_str(), flags, 0644);
+    if (fd < 0)
+        return nullptr;
+    struct stat st {};
+    if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
+        ::close(fd);
+        return nullptr;
+    }
+    return std::make_unique<PosixFile>(fd);
+}
+
+std::optional<std::vector<std::byte>> DeviceFileSystem::ReadWholeFile(std::u16string_view path,
+                                                                      std::uint64_t maxBytes) const {
+    auto host = ToHostPath(path);
+    if (!host)
+        return std::nullopt;
+    int fd = ::open(host->c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0)
+        return std::nullopt;
+    PosixFile file(fd);
+    std::uint64_t size = file.Size();
+    if (size > maxBytes)
+        return std::nullopt;
+    std::vector<std::byte> bytes(static_cast<size_t>(size));
+    if (file.ReadAt(0, bytes) != bytes.size())
+        return std::nullopt;
+    return bytes;
+}
+
+bool DeviceFileSystem::ReplaceFile(std::u16string_view path, std::span<const std::byte> data) {
+    auto host = ToHostPath(path);
+    if (!host)
+        return false;
+    std::optional<std::uint32_t> oldAttributes = ReadStoredAttributes(*host);
+    if (!WriteFileDurably(*host, data))
+        return false;
+    if (oldAttributes)
+        WriteStoredAttributes(*host, *oldAttributes);
+    return true;
+}
+
+std::u16string_view DeviceFolderOf(std::u16string_view path) {
+    size_t slash = path.find_last_of(u"\\/");
+    return slash == std::u16string_view::npos ? std::u16string_view() : path.substr(0, slash);
+}
+
+std::u16string_view DeviceNameOf(std::u16string_view path) {
+    size_t slash = path.find_last_of(u"\\/");
+    return slash == std::u16string_view::npos ? path : path.substr(slash + 1);
+}
+
+std::u16string JoinDevicePath(std::u16string_view folder, std::u16string_view name) {
+    std::u16string out(folder);
+    if (out.empty() || out.back() != u'\\')
+        out += u'\\';
+    size_t skip = 0;
+    while (skip < name.size() && name[skip] == u'\\')
+        ++skip;
+    out += name.substr(skip);
+    return out;
+}
+
+bool MatchesWildcard(std::u16string_view name, std::u16string_view pattern) {
+    if (pattern == u"*.*" || pattern == u"*")
+        return true;
+    // Iterative glob with one backtrack point: linear in practice and never
+    // recursive, whatever the pattern.
+    size_t n = 0, p = 0, starP = std::u16string_view::npos, starN = 0;
+    while (n < name.size()) {
+        if (p < pattern.size() && pattern[p] == u'*') {
+            starP = p++;
+            starN = n;
+        } else if (p < pattern.size() &&
+                   (pattern[p] == u'?' || EqualsIgnoreCase(pattern.substr(p, 1), name.substr(n, 1)))) {
+            ++p;
+            ++n;
+        } else if (starP != std::u16string_view::npos) {
+            p = starP + 1;
+            n = ++starN;
+        } else {
+            return false;
+        }
+    }
+    while (p < pattern.size() && pattern[p] == u'*')
+        ++p;
+    // "name.*" also matches "name" without an extension, as on the device.
+    if (p + 2 == pattern.size() && pattern[p] == u'.' && pattern[p + 1] == u'*')
+        return true;
+    return p == pattern.size();
+}
+
+} // namespace zelvor

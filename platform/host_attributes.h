@@ -1,0 +1,17 @@
+#pragma once
+// The device's hidden, system, read-only and archive bits on a host file:
+// FAT attributes on a FAT folder, otherwise an extended attribute.
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+
+namespace zelvor {
+
+// The attribute bits stored for a host file, without the directory bit;
+// nullopt when none are stored (the caller picks the default).
+std::optional<std::uint32_t> ReadStoredAttributes(const std::filesystem::path& host);
+// Stores the bits; false when the host file system can keep none of them.
+bool WriteStoredAttributes(const std::filesystem::path& host, std::uint32_t attributes);
+
+} // namespace zelvor

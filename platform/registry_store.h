@@ -1,0 +1,97 @@
+#pragma once
+// The device's registry on a host: one hive per root key, kept as a Windows
+// ".reg" export (UTF-16LE with byte-order mark, CRLF, "Windows Registry
+// Editor Version 5.00") in a folder of the device root. Key and value names
+// ignore case, as the device's registry does, and keep the case they were
+// first written with.
+//
+// A hive is read on first use. Set* changes memory only; Flush writes the
+// hive durably (new file, fsync, rename, fsync of the folder), so a flushed
+// value survives a process killed right after. A hive that cannot be parsed
+// is reported with one line on standard error, renamed aside (never
+// overwritten) and read as empty.
+
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace zelvor {
+
+enum class RegistryRoot { LocalMachine, CurrentUser };
+
+class RegistryStore {
+public:
+    // hiveFolder holds HKEY_LOCAL_MACHINE.reg and HKEY_CURRENT_USER.reg; it is
+    // created when the first hive is flushed.
+    explicit RegistryStore(std::filesystem::path hiveFolder);
+    // Flushes hives changed since their last flush: a clean exit keeps them.
+    ~RegistryStore();
+    RegistryStore(const RegistryStore&) = delete;
+    RegistryStore& operator=(const RegistryStore&) = delete;
+
+    bool KeyExists(RegistryRoot root, std::u16string_view key) const;
+    bool CreateKey(RegistryRoot root, std::u16string_view key);
+
+    // nullopt when the key or value is missing or of another type.
+    std::optional<std::uint32_t> QueryDword(RegistryRoot root, std::u16string_view key,
+                                            std::u16string_view name) const;
+    std::optional<std::u16string> QueryString(RegistryRoot root, std::u16string_view key,
+                                              std::u16string_view name) const;
+
+    // Create the key when it is missing. The change is in memory until Flush.
+    void SetDword(RegistryRoot root, std::u16string_view key, std::u16string_view name,
+                  std::uint32_t value);
+    void SetString(RegistryRoot root, std::u16string_view key, std::u16string_view name,
+                   std::u16string_view value);
+    bool DeleteValue(RegistryRoot root, std::u16string_view key, std::u16string_view name);
+
+    // RegFlushKey: writes the root's hive durably. True when it is on disk.
+    bool Flush(RegistryRoot root);
+
+    std::filesystem::path HivePath(RegistryRoot root) const;
+    static std::u16string_view RootName(RegistryRoot root);
+
+private:
+    // A value of a type we do not interpret (hex, multi-string ...) is kept
+    // as its text so a round trip does not lose it.
+    struct RawValue {
+        std::u16string text;
+    };
+    using Data = std::variant<std::uint32_t, std::u16string, RawValue>;
+    struct Value {
+        std::u16string name;
+        Data data;
+    };
+    struct Key {
+        std::u16string path; // as first written, without the root's name
+        std::vector<Value> values;
+    };
+    struct Hive {
+        bool loaded = false;
+        bool dirty = false;
+        std::vector<Key> keys; // in the order they were created
+    };
+
+    Hive& LoadedHive(RegistryRoot root) const;
+    Key* FindKey(Hive& hive, std::u16string_view key) const;
+    Key& KeyForWrite(RegistryRoot root, std::u16string_view key);
+    const Value* FindValue(RegistryRoot root, std::u16string_view key,
+                           std::u16string_view name) const;
+    void SetValue(RegistryRoot root, std::u16string_view key, std::u16string_view name, Data data);
+    bool ParseHive(RegistryRoot root, std::u16string_view text, Hive& hive) const;
+    std::u16string Serialize(RegistryRoot root, const Hive& hive) const;
+    void SetAside(const std::filesystem::path& path) const;
+
+    std::filesystem::path m_folder;
+    mutable std::recursive_mutex m_lock;
+    mutable Hive m_hives[2];
+};
+
+} // namespace zelvor

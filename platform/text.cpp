@@ -1,0 +1,200 @@
+#include "platform/text.h"
+
+#include <memory>
+#include <mutex>
+
+#include <unicode/coll.h>
+#include <unicode/locid.h>
+#include <unicode/ucasemap.h>
+#include <unicode/ucnv.h>
+#include <unicode/unistr.h>
+#include <unicode/ustring.h>
+
+namespace zelvor {
+namespace {
+
+// ICU treats a null pointer as an error rather than as an empty text, and an
+// empty std::u16string_view may carry one.
+const UChar* AsUChar(std::u16string_view text) {
+    return text.data() != nullptr ? reinterpret_cast<const UChar*>(text.data()) : u"";
+}
+
+int32_t Length(std::u16string_view text) {
+    return static_cast<int32_t>(text.size());
+}
+
+// One collator per strength, built on first use. ICU collators are safe to
+// use from several threads for comparison and sort keys.
+class Collators {
+public:
+    static const icu::Collator& Get(bool ignoreCase) {
+        static Collators instance;
+        return ignoreCase ? *instance.m_ignoreCase : *instance.m_exact;
+    }
+
+private:
+    Collators() {
+        UErrorCode status = U_ZERO_ERROR;
+        m_exact.reset(icu::Collator::createInstance(icu::Locale::getRoot(), status));
+        status = U_ZERO_ERROR;
+        m_ignoreCase.reset(icu::Collator::createInstance(icu::Locale::getRoot(), status));
+        // Secondary strength: accents still count, case does not.
+        m_ignoreCase->setStrength(icu::Collator::SECONDARY);
+    }
+    std::unique_ptr<icu::Collator> m_exact;
+    std::unique_ptr<icu::Collator> m_ignoreCase;
+};
+
+int Sign(UCollationResult r) {
+    return r == UCOL_LESS ? -1 : (r == UCOL_GREATER ? 1 : 0);
+}
+
+std::string SortKey(std::u16string_view text, bool ignoreCase) {
+    const icu::Collator& coll = Collators::Get(ignoreCase);
+    std::string key(text.size() * 2 + 16, '\0');
+    for (;;) {
+        int32_t needed = coll.getSortKey(AsUChar(text), Length(text),
+                                         reinterpret_cast<uint8_t*>(key.data()),
+                                         static_cast<int32_t>(key.size()));
+        if (needed <= 0)
+            return {};
+        if (static_cast<size_t>(needed) <= key.size()) {
+            key.resize(static_cast<size_t>(needed) - 1); // drop the terminating zero
+            return key;
+        }
+        key.resize(static_cast<size_t>(needed));
+    }
+}
+
+struct CodePage {
+    std::mutex lock;
+    std::string name = "windows-1252";
+};
+
+CodePage& DeviceCodePage() {
+    static CodePage page;
+    return page;
+}
+
+std::u16string Substitute(std::u16string_view format, char16_t directive,
+                          std::u16string_view value) {
+    std::u16string out;
+    out.reserve(format.size() + value.size());
+    bool done = false;
+    for (size_t i = 0; i < format.size(); ++i) {
+        if (format[i] == u'%' && i + 1 < format.size()) {
+            char16_t next = format[i + 1];
+            if (next == u'%') {
+                out += u'%';
+                ++i;
+                continue;
+            }
+            if (next == directive && !done) {
+                out += value;
+                done = true;
+                ++i;
+                continue;
+            }
+        }
+        out += format[i];
+    }
+    return out;
+}
+
+} // namespace
+
+std::string ToUtf8(std::u16string_view text) {
+    std::string out;
+    icu::UnicodeString(false, AsUChar(text), Length(text)).toUTF8String(out);
+    return out;
+}
+
+std::u16string FromUtf8(std::string_view text) {
+    icu::UnicodeString u = icu::UnicodeString::fromUTF8(
+        icu::StringPiece(text.data(), static_cast<int32_t>(text.size())));
+    return std::u16string(reinterpret_cast<const char16_t*>(u.getBuffer()),
+                          static_cast<size_t>(u.length()));
+}
+
+std::u16string DecodeSingleByte(std::string_view bytes) {
+    bytes = bytes.substr(0, bytes.find('\0'));
+    if (bytes.empty())
+        return {};
+    std::string name;
+    {
+        CodePage& page = DeviceCodePage();
+        std::lock_guard guard(page.lock);
+        name = page.name;
+    }
+    icu::UnicodeString u(bytes.data(), static_cast<int32_t>(bytes.size()), name.c_str());
+    return std::u16string(reinterpret_cast<const char16_t*>(u.getBuffer()),
+                          static_cast<size_t>(u.length()));
+}
+
+std::u16string DecodeSingleByte(std::span<const std::byte> bytes) {
+    return DecodeSingleByte(
+        std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
+}
+
+bool SetDeviceCodePage(std::string_view icuConverterName) {
+    std::string name(icuConverterName);
+    UErrorCode status = U_ZERO_ERROR;
+    UConverter* conv = ucnv_open(name.c_str(), &status);
+    if (U_FAILURE(status) || conv == nullptr)
+        return false;
+    ucnv_close(conv);
+    CodePage& page = DeviceCodePage();
+    std::lock_guard guard(page.lock);
+    page.name = std::move(name);
+    return true;
+}
+
+int Compare(std::u16string_view a, std::u16string_view b, bool ignoreCase) {
+    UErrorCode status = U_ZERO_ERROR;
+    return Sign(Collators::Get(ignoreCase).compare(AsUChar(a), Length(a), AsUChar(b), Length(b),
+                                                   status));
+}
+
+int CompareText(std::u16string_view a, std::u16string_view b) {
+    return Compare(a, b, false);
+}
+
+int CompareTextIgnoreCase(std::u16string_view a, std::u16string_view b) {
+    return Compare(a, b, true);
+}
+
+std::string TextSortKey(std::u16string_view text) {
+    return SortKey(text, false);
+}
+
+std::string TextSortKeyIgnoreCase(std::u16string_view text) {
+    return SortKey(text, true);
+}
+
+bool EqualsIgnoreCase(std::u16string_view a, std::u16string_view b) {
+    UErrorCode status = U_ZERO_ERROR;
+    return u_strCaseCompare(AsUChar(a), Length(a), AsUChar(b), Length(b), U_FOLD_CASE_DEFAULT,
+                            &status) == 0;
+}
+
+bool StartsWithIgnoreCase(std::u16string_view text, std::u16string_view prefix) {
+    return text.size() >= prefix.size() && EqualsIgnoreCase(text.substr(0, prefix.size()), prefix);
+}
+
+std::u16string FoldCase(std::u16string_view text) {
+    icu::UnicodeString u(false, AsUChar(text), Length(text));
+    u.foldCase(U_FOLD_CASE_DEFAULT);
+    return std::u16string(reinterpret_cast<const char16_t*>(u.getBuffer()),
+                          static_cast<size_t>(u.length()));
+}
+
+std::u16string FormatText(std::u16string_view format, long long number) {
+    std::string digits = std::to_string(number);
+    return Substitute(format, u'd', std::u16string(digits.begin(), digits.end()));
+}
+
+std::u16string FormatText(std::u16string_view format, std::u16string_view text) {
+    return Substitute(format, u's', text);
+}
+
+} // namespace zelvor
