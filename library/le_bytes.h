@@ -2,8 +2,10 @@
 // Little-endian numbers and UTF-16LE texts in byte buffers, as the library
 // and playlist files store them on every host.
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <string>
 #include <string_view>
@@ -33,22 +35,38 @@ inline void AppendLe32(std::vector<std::byte>& out, std::uint32_t value) {
 
 // The text's units followed by a NUL unit.
 inline void AppendUtf16Z(std::vector<std::byte>& out, std::u16string_view text) {
-    for (char16_t c : text)
-        AppendLe16(out, c);
+    if constexpr (std::endian::native == std::endian::little) {
+        const std::size_t at = out.size();
+        out.resize(at + text.size() * 2);
+        std::memcpy(out.data() + at, text.data(), text.size() * 2);
+    } else {
+        for (char16_t c : text)
+            AppendLe16(out, c);
+    }
     AppendLe16(out, 0);
 }
 
 // A UTF-16LE text of whole units, ending at the first NUL unit or at the end
-// of the bytes (an odd last byte is dropped).
+// of the bytes (an odd last byte is dropped). Replaces the contents of out,
+// reusing its storage.
+inline void AssignUtf16Z(std::span<const std::byte> bytes, std::u16string& out) {
+    const std::size_t units = bytes.size() / 2;
+    std::size_t length = 0;
+    while (length < units && (bytes[2 * length] != std::byte{0} || bytes[2 * length + 1] != std::byte{0}))
+        ++length;
+    out.resize(length);
+    if constexpr (std::endian::native == std::endian::little) {
+        std::memcpy(out.data(), bytes.data(), length * 2);
+    } else {
+        for (std::size_t i = 0; i < length; ++i)
+            out[i] = LoadLe16(bytes.subspan(2 * i));
+    }
+}
+
 inline std::u16string LoadUtf16Z(std::span<const std::byte> bytes) {
     std::u16string text;
     text.reserve(bytes.size() / 2);
-    for (size_t i = 0; i + 1 < bytes.size(); i += 2) {
-        char16_t c = LoadLe16(bytes.subspan(i));
-        if (c == 0)
-            break;
-        text.push_back(c);
-    }
+    AssignUtf16Z(bytes, text);
     return text;
 }
 

@@ -55,7 +55,7 @@ public:
             if (length == 0 || slot >= slots || length > kMaxSlotBytes)
                 continue;
             if (slot < kFirstNumberSlot) {
-                m_texts[static_cast<size_t>(slot)] = LoadUtf16Z(value);
+                AssignUtf16Z(value, m_texts[static_cast<size_t>(slot)]);
                 present[static_cast<size_t>(slot)] = true;
             } else if (kSlotFields[slot] == kFieldDuration) {
                 // A number slot shorter than its number leaves the field 0.
