@@ -26,8 +26,8 @@ void SortTrackRecords(std::vector<std::unique_ptr<TrackRecord>>& records,
 
 // Ranks of texts: rank[i] < rank[j] when texts[i] collates before texts[j],
 // equal ranks when the collator calls them equal. Each distinct text is
-// collated once. Case is ignored when asked (the lstrcmpiW order), otherwise
-// the lstrcmpW order.
+// collated once. The order is CompareTextIgnoreCase's when ignoreCase is set,
+// otherwise CompareText's.
 std::vector<std::uint32_t> RankTexts(std::span<const std::u16string_view> texts, bool ignoreCase);
 
 } // namespace zelvor
