@@ -2,6 +2,7 @@
 
 #include "tags/audio_file_type.h"
 #include "tags/track_record.h"
+#include "platform/text.h"
 
 namespace zelvor {
 namespace {
@@ -99,6 +100,10 @@ struct FilterCase {
     std::u16string_view name;
     AudioFileType expected;
 };
+
+void PrintTo(const FilterCase& c, std::ostream* os) {
+    *os << ToUtf8(c.name);
+}
 
 class AudioFileFilter : public ::testing::TestWithParam<FilterCase> {};
 

@@ -9,6 +9,7 @@ namespace zelvor {
 
 using Arguments = std::vector<std::string>;
 
+int RunInfoCommand(const Arguments& args);
 int RunTextCommand(const Arguments& args);
 
 } // namespace zelvor

@@ -15,6 +15,7 @@ struct Command {
 };
 
 constexpr Command kCommands[] = {
+    {"info", "info [--root DIR] [--languages N]", zelvor::RunInfoCommand},
     {"text", "text [--root DIR] --lang N ID", zelvor::RunTextCommand},
 };
 

@@ -1,0 +1,175 @@
+#include <gtest/gtest.h>
+
+#include "app/settings.h"
+#include "platform/text.h"
+#include "res/string_table.h"
+#include "tests/support/test_device.h"
+
+namespace zelvor {
+namespace {
+using testing::TempDir;
+using testing::TestDevice;
+
+constexpr auto HKLM = RegistryRoot::LocalMachine;
+constexpr auto HKCU = RegistryRoot::CurrentUser;
+
+TEST(ShellSettings, LanguageAndColourUseTheLow16BitsAndDefaultToZero) {
+    TestDevice dev;
+    EXPECT_EQ(ReadLanguage(), 0);
+    EXPECT_EQ(ReadGuiColor(), 0);
+    dev.Registry().CreateKey(HKLM, u"OMBREL"); // key present, values absent
+    EXPECT_EQ(ReadLanguage(), 0);
+    dev.Registry().SetDword(HKLM, u"OMBREL", u"Language", 0x00010003);
+    dev.Registry().SetDword(HKLM, u"OMBREL", u"GUI Color", 0xFFFF);
+    EXPECT_EQ(ReadLanguage(), 3);
+    EXPECT_EQ(ReadGuiColor(), 0xFFFF);
+    dev.Registry().SetDword(HKLM, u"OMBREL", u"Language", 0xFFFF);
+    EXPECT_EQ(ReadLanguage(), -1); // a 16-bit signed value
+}
+
+TEST(ProfileNumbers, AreKeptUnderTheApplicationKeyByTableNamesAndFlushed) {
+    TestDevice dev;
+    EXPECT_EQ(GetProfileNumber(kTextSectionMain, kTextEntryRepeat, 2), 2u);
+    SetProfileNumber(kTextSectionMain, kTextEntryRepeat, 1);
+    SetProfileNumber(kTextSectionStorageCard, kTextEntryFreeSpaceHigh, 9);
+    SetProfileNumber(u"MP3", u"Volume", 6);
+    // Flushed: a second store over the same folder sees the values at once.
+    RegistryStore reread(RegistryFolderOf(dev.Root()));
+    const std::u16string base = u"Software\\Quorrel Systems Inc.\\Zelvor\\";
+    EXPECT_EQ(reread.QueryDword(HKCU, base + u"MainSection", u"Repeat"), 1u);
+    EXPECT_EQ(reread.QueryDword(HKCU, base + u"StorageCard", u"FreeSapceHigh"), 9u);
+    EXPECT_EQ(reread.QueryDword(HKCU, base + u"MP3", u"Volume"), 6u);
+    EXPECT_EQ(GetProfileNumber(kTextSectionMain, kTextEntryRepeat, 0), 1u);
+}
+
+TEST(StorageLocations, FixedPlacesAndTheCardFolderFromTheRegistry) {
+    TestDevice dev;
+    EXPECT_EQ(GetStorageCardRoot(), u"\\Storage Card");
+    EXPECT_EQ(GetFlashDiskRoot(), u"\\Flash Disk");
+    EXPECT_EQ(GetProgramDirectory(), u"\\Flash Disk\\Zelvor");
+    EXPECT_EQ(GetMusicFolder(), u"\\Flash Disk\\Zelvor\\My Music");
+    EXPECT_EQ(GetPlaylistFolder(), u"\\Flash Disk\\Zelvor\\My Playlists");
+    dev.Registry().CreateKey(HKLM, u"System\\StorageManager\\Profiles\\SDMMC");
+    EXPECT_EQ(GetStorageCardRoot(), u"\\Storage Card"); // the value is missing
+    dev.Registry().SetString(HKLM, u"System\\StorageManager\\Profiles\\SDMMC", u"Folder", u"SD Card");
+    EXPECT_EQ(GetStorageCardRoot(), u"\\SD Card");
+}
+
+struct ClassifyCase {
+    std::u16string_view path;
+    int kind;
+};
+
+void PrintTo(const ClassifyCase& c, std::ostream* os) {
+    *os << ToUtf8(c.path);
+}
+
+class StorageClassification : public ::testing::TestWithParam<ClassifyCase> {
+protected:
+    TestDevice dev;
+};
+
+TEST_P(StorageClassification, ByRootPrefixWithItsBackslashIgnoringCase) {
+    EXPECT_EQ(ClassifyStoragePath(GetParam().path), GetParam().kind);
+}
+
+INSTANTIATE_TEST_SUITE_P(Paths, StorageClassification,
+                         ::testing::Values(ClassifyCase{u"\\Storage Card\\x.mp3", 4},
+                                           ClassifyCase{u"\\Storage Cardx\\a.mp3", 0},
+                                           ClassifyCase{u"\\Storage Card", 0},
+                                           ClassifyCase{u"\\flash disk\\a.mp3", 3},
+                                           ClassifyCase{u"\\STORAGE CARD\\a\\b.wma", 4},
+                                           ClassifyCase{u"\\Windows\\a.mp3", 0},
+                                           ClassifyCase{u"", 0}));
+
+TEST(PathExistsRule, RootWithoutSearchAndTrailingBackslashRemovedInPlace) {
+    TestDevice dev;
+    std::u16string root = u"\\";
+    FindData record;
+    record.size = 77;
+    EXPECT_TRUE(PathExists(root, &record));
+    EXPECT_EQ(record.name, u"\\");
+    EXPECT_EQ(record.size, 0u); // cleared
+    EXPECT_EQ(record.attributes & kAttrDirectory, kAttrDirectory);
+
+    dev.Fs().CreateDirectory(u"\\My Music");
+    std::u16string folder = u"\\My Music\\";
+    EXPECT_TRUE(PathExists(folder, &record));
+    EXPECT_EQ(folder, u"\\My Music");
+    EXPECT_EQ(record.name, u"My Music");
+
+    std::u16string missing = u"\\Nothing\\";
+    EXPECT_FALSE(PathExists(missing));
+    EXPECT_EQ(missing, u"\\Nothing");
+    std::u16string empty;
+    EXPECT_FALSE(PathExists(empty));
+}
+
+// Free space under test control: on the host the registry shares a disk with
+// the "card", so real figures move with every flush.
+class FixedSpaceFileSystem : public DeviceFileSystem {
+public:
+    using DeviceFileSystem::DeviceFileSystem;
+    std::optional<DiskSpace> GetDiskFreeSpace(std::u16string_view path) const override {
+        if (!DeviceFileSystem::GetDiskFreeSpace(path))
+            return std::nullopt;
+        return DiskSpace{free, free * 2, free};
+    }
+    std::uint64_t free = 0x1'2345'6789;
+};
+
+class Fingerprint : public ::testing::Test {
+protected:
+    Fingerprint() : dev(Config()) {
+        auto fixed = std::make_unique<FixedSpaceFileSystem>(dev.Root());
+        fixed->Bind(u"\\Storage Card", card.Path() / "card");
+        space = fixed.get();
+        dev.Get().SetFileSystem(std::move(fixed));
+    }
+    DeviceConfig Config() {
+        DeviceConfig c;
+        c.card = card.Path() / "card";
+        return c;
+    }
+    void InsertCard() { std::filesystem::create_directories(card.Path() / "card"); }
+    void RemoveCard() { std::filesystem::remove_all(card.Path() / "card"); }
+    TempDir card;
+    TestDevice dev;
+    FixedSpaceFileSystem* space = nullptr;
+};
+
+TEST_F(Fingerprint, NothingStoredAndNoCardIsUnchanged) {
+    EXPECT_FALSE(StorageChanged(kStorageCard, u"\\Storage Card"));
+}
+
+TEST_F(Fingerprint, StoredAndCardGoneIsChanged) {
+    InsertCard();
+    RecordFreeSpace(kStorageCard, u"\\Storage Card");
+    EXPECT_FALSE(StorageChanged(kStorageCard, u"\\Storage Card"));
+    RemoveCard();
+    EXPECT_TRUE(StorageChanged(kStorageCard, u"\\Storage Card"));
+    // Recording with no card stores zero, which then reads as unchanged.
+    RecordFreeSpace(kStorageCard, u"\\Storage Card");
+    EXPECT_EQ(GetProfileNumber(kTextSectionStorageCard, kTextEntryFreeSpaceLow, 1), 0u);
+    EXPECT_FALSE(StorageChanged(kStorageCard, u"\\Storage Card"));
+}
+
+TEST_F(Fingerprint, ADifferentFreeByteCountInEitherHalfIsChanged) {
+    InsertCard();
+    RecordFreeSpace(kStorageCard, u"\\Storage Card");
+    EXPECT_EQ(GetProfileNumber(kTextSectionStorageCard, kTextEntryFreeSpaceHigh, 0), 1u);
+    EXPECT_EQ(GetProfileNumber(kTextSectionStorageCard, kTextEntryFreeSpaceLow, 0), 0x23456789u);
+    space->free ^= 1; // low half differs
+    EXPECT_TRUE(StorageChanged(kStorageCard, u"\\Storage Card"));
+    space->free = 0x2'2345'6789; // high half differs
+    EXPECT_TRUE(StorageChanged(kStorageCard, u"\\Storage Card"));
+    space->free = 0x1'2345'6789;
+    EXPECT_FALSE(StorageChanged(kStorageCard, u"\\Storage Card"));
+    // Each kind keeps its own section: nothing is recorded for the flash disk,
+    // whose free bytes are not zero.
+    EXPECT_EQ(GetProfileNumber(kTextSectionFlashDisk, kTextEntryFreeSpaceLow, 5), 5u);
+    EXPECT_TRUE(StorageChanged(kStorageFlash, u"\\Flash Disk"));
+}
+
+} // namespace
+} // namespace zelvor
