@@ -188,6 +188,27 @@ TEST_F(LibraryScan, NonAsciiAndLongNamesWork) {
     EXPECT_EQ(found.count(u"\\Storage Card\\Łódź Ölfjord\\日本\\" + longName), 1u);
 }
 
+// A folder the host will not open (permissions do not stop root, so the
+// refusal is staged).
+class LockedFolderFileSystem : public DeviceFileSystem {
+public:
+    using DeviceFileSystem::DeviceFileSystem;
+    std::unique_ptr<FindHandle> FindFirst(std::u16string_view pattern, FindData& first) const override {
+        if (StartsWithIgnoreCase(pattern, u"\\Storage Card\\Locked\\"))
+            return nullptr;
+        return DeviceFileSystem::FindFirst(pattern, first);
+    }
+};
+
+TEST_F(LibraryScan, UnreadableFoldersAreSkipped) {
+    File(u"\\Storage Card\\Locked\\a.mp3");
+    File(u"\\Storage Card\\Locked\\Inner\\b.mp3");
+    File(u"\\Storage Card\\Open\\c.mp3");
+    dev.Get().SetFileSystem(std::make_unique<LockedFolderFileSystem>(dev.Root()));
+    // A folder that cannot be opened counts as empty, so it is not even listed.
+    EXPECT_EQ(ScanStorage(), std::set<std::u16string>{u"\\Storage Card\\Open\\c.mp3"});
+}
+
 TEST_F(LibraryScan, AddPhaseKeepsWhatTheReadersMakeAndCountsFailures) {
     File(u"\\Storage Card\\good.mp3");
     File(u"\\Storage Card\\bad.mp3");
