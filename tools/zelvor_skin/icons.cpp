@@ -1,0 +1,301 @@
+#include "icons.h"
+
+#include <QFont>
+#include <QPainterPath>
+#include <QPolygonF>
+#include <cmath>
+
+namespace zelvor::skin {
+namespace {
+
+// Icons are designed on a 24-unit grid and scaled into their box.
+constexpr double kGrid = 24.0;
+
+void Stroke(QPainter& p, const QColor& colour, double width) {
+    QPen pen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    p.setPen(pen);
+    p.setBrush(Qt::NoBrush);
+}
+
+void Fill(QPainter& p, const QColor& colour) {
+    p.setPen(Qt::NoPen);
+    p.setBrush(colour);
+}
+
+QPainterPath RoundedTriangle(QPointF a, QPointF b, QPointF c) {
+    QPainterPath path;
+    path.moveTo(a);
+    path.lineTo(b);
+    path.lineTo(c);
+    path.closeSubpath();
+    return path;
+}
+
+void FilledTriangle(QPainter& p, const QColor& colour, QPointF a, QPointF b, QPointF c) {
+    // A thin stroke of the same colour rounds the corners.
+    p.setPen(QPen(colour, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.setBrush(colour);
+    p.drawPath(RoundedTriangle(a, b, c));
+}
+
+void Speaker(QPainter& p, const QColor& c) {
+    Fill(p, c);
+    QPainterPath body;
+    body.moveTo(3, 9);
+    body.lineTo(7, 9);
+    body.lineTo(12, 4.5);
+    body.lineTo(12, 19.5);
+    body.lineTo(7, 15);
+    body.lineTo(3, 15);
+    body.closeSubpath();
+    p.setPen(QPen(c, 1.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.drawPath(body);
+}
+
+void ArrowHead(QPainter& p, const QColor& c, QPointF tip, double angleDegrees, double size) {
+    const double a = angleDegrees * M_PI / 180.0;
+    const QPointF back(-std::cos(a) * size, -std::sin(a) * size);
+    const QPointF side(-std::sin(a) * size * 0.75, std::cos(a) * size * 0.75);
+    FilledTriangle(p, c, tip, tip + back + side, tip + back - side);
+}
+
+void RepeatLoop(QPainter& p, const QColor& c) {
+    Stroke(p, c, 2.2);
+    QPainterPath top;
+    top.moveTo(4, 12.5);
+    top.lineTo(4, 10);
+    top.quadTo(4, 7, 7, 7);
+    top.lineTo(17.5, 7);
+    p.drawPath(top);
+    QPainterPath bottom;
+    bottom.moveTo(20, 11.5);
+    bottom.lineTo(20, 14);
+    bottom.quadTo(20, 17, 17, 17);
+    bottom.lineTo(6.5, 17);
+    p.drawPath(bottom);
+    ArrowHead(p, c, QPointF(21, 7), 0, 3.6);
+    ArrowHead(p, c, QPointF(3, 17), 180, 3.6);
+}
+
+void Shuffle(QPainter& p, const QColor& c) {
+    Stroke(p, c, 2.2);
+    QPainterPath a;
+    a.moveTo(3, 7);
+    a.lineTo(7, 7);
+    a.cubicTo(12, 7, 12, 17, 17, 17);
+    a.lineTo(18, 17);
+    p.drawPath(a);
+    QPainterPath b;
+    b.moveTo(3, 17);
+    b.lineTo(7, 17);
+    b.cubicTo(12, 17, 12, 7, 17, 7);
+    b.lineTo(18, 7);
+    p.drawPath(b);
+    ArrowHead(p, c, QPointF(21.5, 7), 0, 3.6);
+    ArrowHead(p, c, QPointF(21.5, 17), 0, 3.6);
+}
+
+void Library(QPainter& p, const QColor& c) {
+    Fill(p, c);
+    p.drawRoundedRect(QRectF(3, 4, 3.2, 16), 1, 1);
+    p.drawRoundedRect(QRectF(8, 4, 3.2, 16), 1, 1);
+    p.save();
+    p.translate(15.5, 4.5);
+    p.rotate(-16);
+    p.drawRoundedRect(QRectF(0, 0, 3.4, 16.2), 1, 1);
+    p.restore();
+    p.drawRoundedRect(QRectF(2, 20, 20, 1.8), 0.9, 0.9);
+}
+
+void Trash(QPainter& p, const QColor& c) {
+    Stroke(p, c, 2.0);
+    p.drawLine(QPointF(4, 6.5), QPointF(20, 6.5));
+    p.drawLine(QPointF(9.5, 4), QPointF(14.5, 4));
+    QPainterPath can;
+    can.moveTo(6, 6.5);
+    can.lineTo(7.2, 19);
+    can.quadTo(7.4, 20.5, 9, 20.5);
+    can.lineTo(15, 20.5);
+    can.quadTo(16.6, 20.5, 16.8, 19);
+    can.lineTo(18, 6.5);
+    p.drawPath(can);
+    p.drawLine(QPointF(10.2, 10), QPointF(10.4, 17));
+    p.drawLine(QPointF(13.8, 10), QPointF(13.6, 17));
+}
+
+QPainterPath Star(QPointF centre, double outer, double inner) {
+    QPainterPath star;
+    for (int i = 0; i < 10; ++i) {
+        const double r = i % 2 == 0 ? outer : inner;
+        const double a = (-90.0 + i * 36.0) * M_PI / 180.0;
+        const QPointF pt(centre.x() + r * std::cos(a), centre.y() + r * std::sin(a));
+        i == 0 ? star.moveTo(pt) : star.lineTo(pt);
+    }
+    star.closeSubpath();
+    return star;
+}
+
+void Lock(QPainter& p, const QColor& c) {
+    Stroke(p, c, 2.4);
+    QPainterPath shackle;
+    shackle.moveTo(8, 11);
+    shackle.lineTo(8, 8);
+    shackle.arcTo(QRectF(8, 3.5, 8, 9), 180, -180);
+    shackle.lineTo(16, 11);
+    p.drawPath(shackle);
+    Fill(p, c);
+    p.drawRoundedRect(QRectF(5, 10.5, 14, 10.5), 2.2, 2.2);
+}
+
+void Note(QPainter& p, const QColor& c) {
+    Fill(p, c);
+    p.drawEllipse(QRectF(4, 15, 7, 5.6));
+    p.drawEllipse(QRectF(13, 13, 7, 5.6));
+    p.drawRect(QRectF(9.2, 5, 1.9, 12.5));
+    p.drawRect(QRectF(18.2, 3, 1.9, 12.5));
+    QPainterPath beam;
+    beam.moveTo(9.2, 5);
+    beam.lineTo(20.1, 3);
+    beam.lineTo(20.1, 6.4);
+    beam.lineTo(9.2, 8.4);
+    beam.closeSubpath();
+    p.drawPath(beam);
+}
+
+void ListLines(QPainter& p, const QColor& c, double right) {
+    Stroke(p, c, 2.2);
+    p.drawLine(QPointF(4, 6), QPointF(right, 6));
+    p.drawLine(QPointF(4, 11), QPointF(right, 11));
+    p.drawLine(QPointF(4, 16), QPointF(right - 6, 16));
+}
+
+void DrawOnGrid(QPainter& p, Icon icon, const QColor& c) {
+    switch (icon) {
+    case Icon::Play:
+        FilledTriangle(p, c, {7.5, 4.5}, {20, 12}, {7.5, 19.5});
+        break;
+    case Icon::Pause:
+        Fill(p, c);
+        p.drawRoundedRect(QRectF(6, 5, 4.2, 14), 1.2, 1.2);
+        p.drawRoundedRect(QRectF(13.8, 5, 4.2, 14), 1.2, 1.2);
+        break;
+    case Icon::Stop:
+        Fill(p, c);
+        p.drawRoundedRect(QRectF(6, 6, 12, 12), 2, 2);
+        break;
+    case Icon::Next:
+        FilledTriangle(p, c, {5.5, 5.5}, {15.5, 12}, {5.5, 18.5});
+        Fill(p, c);
+        p.drawRoundedRect(QRectF(16, 5.5, 3, 13), 1, 1);
+        break;
+    case Icon::Previous:
+        FilledTriangle(p, c, {18.5, 5.5}, {8.5, 12}, {18.5, 18.5});
+        Fill(p, c);
+        p.drawRoundedRect(QRectF(5, 5.5, 3, 13), 1, 1);
+        break;
+    case Icon::VolumeUp:
+        Speaker(p, c);
+        Stroke(p, c, 2.2);
+        p.drawLine(QPointF(15.5, 12), QPointF(21.5, 12));
+        p.drawLine(QPointF(18.5, 9), QPointF(18.5, 15));
+        break;
+    case Icon::VolumeDown:
+        Speaker(p, c);
+        Stroke(p, c, 2.2);
+        p.drawLine(QPointF(15.5, 12), QPointF(21.5, 12));
+        break;
+    case Icon::Speaker:
+        Speaker(p, c);
+        Stroke(p, c, 1.8);
+        p.drawArc(QRectF(9, 7.5, 8, 9), -50 * 16, 100 * 16);
+        p.drawArc(QRectF(8, 4, 12, 16), -50 * 16, 100 * 16);
+        break;
+    case Icon::Repeat:
+        RepeatLoop(p, c);
+        break;
+    case Icon::RepeatOne: {
+        RepeatLoop(p, c);
+        QFont font(QStringLiteral("DejaVu Sans"));
+        font.setPixelSize(8);
+        font.setBold(true);
+        p.setFont(font);
+        p.setPen(c);
+        p.drawText(QRectF(8, 7.5, 8, 9.5), Qt::AlignCenter, QStringLiteral("1"));
+        break;
+    }
+    case Icon::Shuffle:
+        Shuffle(p, c);
+        break;
+    case Icon::Library:
+        Library(p, c);
+        break;
+    case Icon::Hide:
+        Stroke(p, c, 2.4);
+        p.drawPolyline(QPolygonF({{6, 9}, {12, 15}, {18, 9}}));
+        break;
+    case Icon::DisplayOff: {
+        Fill(p, c);
+        QPainterPath moon;
+        moon.addEllipse(QRectF(4, 4, 16, 16));
+        QPainterPath bite;
+        bite.addEllipse(QRectF(9.5, 1.5, 14, 14));
+        p.drawPath(moon.subtracted(bite));
+        break;
+    }
+    case Icon::Menu:
+        Stroke(p, c, 2.4);
+        p.drawLine(QPointF(5, 7), QPointF(19, 7));
+        p.drawLine(QPointF(5, 12), QPointF(19, 12));
+        p.drawLine(QPointF(5, 17), QPointF(19, 17));
+        break;
+    case Icon::Up:
+        Stroke(p, c, 2.4);
+        p.drawPolyline(QPolygonF({{6, 11}, {12, 5}, {18, 11}}));
+        p.drawLine(QPointF(12, 5.5), QPointF(12, 19));
+        break;
+    case Icon::Refresh:
+        Stroke(p, c, 2.2);
+        p.drawArc(QRectF(4.5, 4.5, 15, 15), 60 * 16, 250 * 16);
+        ArrowHead(p, c, QPointF(18.8, 5.2), -40, 4.2);
+        break;
+    case Icon::Trash:
+        Trash(p, c);
+        break;
+    case Icon::StarPlus:
+        p.setPen(QPen(c, 1.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        p.setBrush(c);
+        p.drawPath(Star({10.5, 12.5}, 8.2, 3.6));
+        Stroke(p, c, 2.0);
+        p.drawLine(QPointF(19, 2.5), QPointF(19, 8.5));
+        p.drawLine(QPointF(16, 5.5), QPointF(22, 5.5));
+        break;
+    case Icon::ClearList:
+        ListLines(p, c, 17);
+        Stroke(p, c, 2.2);
+        p.drawLine(QPointF(15, 14.5), QPointF(20.5, 20));
+        p.drawLine(QPointF(20.5, 14.5), QPointF(15, 20));
+        break;
+    case Icon::PlayList:
+        ListLines(p, c, 15);
+        FilledTriangle(p, c, {15, 13}, {21, 17}, {15, 21});
+        break;
+    case Icon::Lock:
+        Lock(p, c);
+        break;
+    case Icon::Note:
+        Note(p, c);
+        break;
+    }
+}
+
+} // namespace
+
+void DrawIcon(QPainter& painter, Icon icon, const QRectF& box, const QColor& colour) {
+    painter.save();
+    painter.translate(box.topLeft());
+    painter.scale(box.width() / kGrid, box.height() / kGrid);
+    DrawOnGrid(painter, icon, colour);
+    painter.restore();
+}
+
+} // namespace zelvor::skin
