@@ -59,22 +59,24 @@ void ArrowHead(QPainter& p, const QColor& c, QPointF tip, double angleDegrees, d
     FilledTriangle(p, c, tip, tip + back + side, tip + back - side);
 }
 
-void RepeatLoop(QPainter& p, const QColor& c) {
+// Two arrows chasing each other round a rounded loop between the heights
+// `top` and `bottom` of the grid.
+void RepeatLoop(QPainter& p, const QColor& c, double top, double bottom) {
     Stroke(p, c, 2.2);
-    QPainterPath top;
-    top.moveTo(4, 12.5);
-    top.lineTo(4, 10);
-    top.quadTo(4, 7, 7, 7);
-    top.lineTo(17.5, 7);
-    p.drawPath(top);
-    QPainterPath bottom;
-    bottom.moveTo(20, 11.5);
-    bottom.lineTo(20, 14);
-    bottom.quadTo(20, 17, 17, 17);
-    bottom.lineTo(6.5, 17);
-    p.drawPath(bottom);
-    ArrowHead(p, c, QPointF(21, 7), 0, 3.6);
-    ArrowHead(p, c, QPointF(3, 17), 180, 3.6);
+    QPainterPath upper;
+    upper.moveTo(4, bottom - 4.5);
+    upper.lineTo(4, top + 3);
+    upper.quadTo(4, top, 7, top);
+    upper.lineTo(17.5, top);
+    p.drawPath(upper);
+    QPainterPath lower;
+    lower.moveTo(20, top + 4.5);
+    lower.lineTo(20, bottom - 3);
+    lower.quadTo(20, bottom, 17, bottom);
+    lower.lineTo(6.5, bottom);
+    p.drawPath(lower);
+    ArrowHead(p, c, QPointF(21, top), 0, 3.6);
+    ArrowHead(p, c, QPointF(3, bottom), 180, 3.6);
 }
 
 void Shuffle(QPainter& p, const QColor& c) {
@@ -211,16 +213,19 @@ void DrawOnGrid(QPainter& p, Icon icon, const QColor& c) {
         p.drawArc(QRectF(8, 4, 12, 16), -50 * 16, 100 * 16);
         break;
     case Icon::Repeat:
-        RepeatLoop(p, c);
+        RepeatLoop(p, c, 7, 17);
         break;
     case Icon::RepeatOne: {
-        RepeatLoop(p, c);
+        // A taller loop makes room for a readable "1" inside it.
+        RepeatLoop(p, c, 4.5, 19.5);
         QFont font(QStringLiteral("DejaVu Sans"));
-        font.setPixelSize(8);
+        font.setPixelSize(10);
         font.setBold(true);
-        p.setFont(font);
-        p.setPen(c);
-        p.drawText(QRectF(8, 7.5, 8, 9.5), Qt::AlignCenter, QStringLiteral("1"));
+        QPainterPath one;
+        one.addText(0, 0, font, QStringLiteral("1"));
+        const QRectF box = one.boundingRect();
+        Fill(p, c);
+        p.drawPath(one.translated(12 - box.center().x(), 12 - box.center().y()));
         break;
     }
     case Icon::Shuffle:
