@@ -3,6 +3,7 @@
 #include <QFont>
 #include <QPainterPath>
 #include <QPolygonF>
+#include <array>
 #include <cmath>
 
 namespace zelvor::skin {
@@ -171,127 +172,153 @@ void ListLines(QPainter& p, const QColor& c, double right) {
     p.drawLine(QPointF(4, 16), QPointF(right - 6, 16));
 }
 
-void DrawOnGrid(QPainter& p, Icon icon, const QColor& c) {
-    switch (icon) {
-    case Icon::Play:
-        FilledTriangle(p, c, {7.5, 4.5}, {20, 12}, {7.5, 19.5});
-        break;
-    case Icon::Pause:
-        Fill(p, c);
-        p.drawRoundedRect(QRectF(6, 5, 4.2, 14), 1.2, 1.2);
-        p.drawRoundedRect(QRectF(13.8, 5, 4.2, 14), 1.2, 1.2);
-        break;
-    case Icon::Stop:
-        Fill(p, c);
-        p.drawRoundedRect(QRectF(6, 6, 12, 12), 2, 2);
-        break;
-    case Icon::Next:
-        FilledTriangle(p, c, {5.5, 5.5}, {15.5, 12}, {5.5, 18.5});
-        Fill(p, c);
-        p.drawRoundedRect(QRectF(16, 5.5, 3, 13), 1, 1);
-        break;
-    case Icon::Previous:
-        FilledTriangle(p, c, {18.5, 5.5}, {8.5, 12}, {18.5, 18.5});
-        Fill(p, c);
-        p.drawRoundedRect(QRectF(5, 5.5, 3, 13), 1, 1);
-        break;
-    case Icon::VolumeUp:
-        Speaker(p, c);
-        Stroke(p, c, 2.2);
-        p.drawLine(QPointF(15.5, 12), QPointF(21.5, 12));
-        p.drawLine(QPointF(18.5, 9), QPointF(18.5, 15));
-        break;
-    case Icon::VolumeDown:
-        Speaker(p, c);
-        Stroke(p, c, 2.2);
-        p.drawLine(QPointF(15.5, 12), QPointF(21.5, 12));
-        break;
-    case Icon::Speaker:
-        Speaker(p, c);
-        Stroke(p, c, 1.8);
-        p.drawArc(QRectF(9, 7.5, 8, 9), -50 * 16, 100 * 16);
-        p.drawArc(QRectF(8, 4, 12, 16), -50 * 16, 100 * 16);
-        break;
-    case Icon::Repeat:
-        RepeatLoop(p, c, 7, 17);
-        break;
-    case Icon::RepeatOne: {
-        // A taller loop makes room for a readable "1" inside it.
-        RepeatLoop(p, c, 4.5, 19.5);
-        QFont font(QStringLiteral("DejaVu Sans"));
-        font.setPixelSize(10);
-        font.setBold(true);
-        QPainterPath one;
-        one.addText(0, 0, font, QStringLiteral("1"));
-        const QRectF box = one.boundingRect();
-        Fill(p, c);
-        p.drawPath(one.translated(12 - box.center().x(), 12 - box.center().y()));
-        break;
-    }
-    case Icon::Shuffle:
-        Shuffle(p, c);
-        break;
-    case Icon::Library:
-        Library(p, c);
-        break;
-    case Icon::Hide:
-        Stroke(p, c, 2.4);
-        p.drawPolyline(QPolygonF({{6, 9}, {12, 15}, {18, 9}}));
-        break;
-    case Icon::DisplayOff: {
-        Fill(p, c);
-        QPainterPath moon;
-        moon.addEllipse(QRectF(4, 4, 16, 16));
-        QPainterPath bite;
-        bite.addEllipse(QRectF(9.5, 1.5, 14, 14));
-        p.drawPath(moon.subtracted(bite));
-        break;
-    }
-    case Icon::Menu:
-        Stroke(p, c, 2.4);
-        p.drawLine(QPointF(5, 7), QPointF(19, 7));
-        p.drawLine(QPointF(5, 12), QPointF(19, 12));
-        p.drawLine(QPointF(5, 17), QPointF(19, 17));
-        break;
-    case Icon::Up:
-        Stroke(p, c, 2.4);
-        p.drawPolyline(QPolygonF({{6, 11}, {12, 5}, {18, 11}}));
-        p.drawLine(QPointF(12, 5.5), QPointF(12, 19));
-        break;
-    case Icon::Refresh:
-        Stroke(p, c, 2.2);
-        p.drawArc(QRectF(4.5, 4.5, 15, 15), 60 * 16, 250 * 16);
-        ArrowHead(p, c, QPointF(18.8, 5.2), -40, 4.2);
-        break;
-    case Icon::Trash:
-        Trash(p, c);
-        break;
-    case Icon::StarPlus:
-        p.setPen(QPen(c, 1.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        p.setBrush(c);
-        p.drawPath(Star({10.5, 12.5}, 8.2, 3.6));
-        Stroke(p, c, 2.0);
-        p.drawLine(QPointF(19, 2.5), QPointF(19, 8.5));
-        p.drawLine(QPointF(16, 5.5), QPointF(22, 5.5));
-        break;
-    case Icon::ClearList:
-        ListLines(p, c, 17);
-        Stroke(p, c, 2.2);
-        p.drawLine(QPointF(15, 14.5), QPointF(20.5, 20));
-        p.drawLine(QPointF(20.5, 14.5), QPointF(15, 20));
-        break;
-    case Icon::PlayList:
-        ListLines(p, c, 15);
-        FilledTriangle(p, c, {15, 13}, {21, 17}, {15, 21});
-        break;
-    case Icon::Lock:
-        Lock(p, c);
-        break;
-    case Icon::Note:
-        Note(p, c);
-        break;
-    }
+void DrawPlay(QPainter& p, const QColor& c) {
+    FilledTriangle(p, c, {7.5, 4.5}, {20, 12}, {7.5, 19.5});
 }
+
+void DrawPause(QPainter& p, const QColor& c) {
+    Fill(p, c);
+    p.drawRoundedRect(QRectF(6, 5, 4.2, 14), 1.2, 1.2);
+    p.drawRoundedRect(QRectF(13.8, 5, 4.2, 14), 1.2, 1.2);
+}
+
+void DrawStop(QPainter& p, const QColor& c) {
+    Fill(p, c);
+    p.drawRoundedRect(QRectF(6, 6, 12, 12), 2, 2);
+}
+
+void DrawNext(QPainter& p, const QColor& c) {
+    FilledTriangle(p, c, {5.5, 5.5}, {15.5, 12}, {5.5, 18.5});
+    Fill(p, c);
+    p.drawRoundedRect(QRectF(16, 5.5, 3, 13), 1, 1);
+}
+
+void DrawPrevious(QPainter& p, const QColor& c) {
+    FilledTriangle(p, c, {18.5, 5.5}, {8.5, 12}, {18.5, 18.5});
+    Fill(p, c);
+    p.drawRoundedRect(QRectF(5, 5.5, 3, 13), 1, 1);
+}
+
+void DrawVolumeUp(QPainter& p, const QColor& c) {
+    Speaker(p, c);
+    Stroke(p, c, 2.2);
+    p.drawLine(QPointF(15.5, 12), QPointF(21.5, 12));
+    p.drawLine(QPointF(18.5, 9), QPointF(18.5, 15));
+}
+
+void DrawVolumeDown(QPainter& p, const QColor& c) {
+    Speaker(p, c);
+    Stroke(p, c, 2.2);
+    p.drawLine(QPointF(15.5, 12), QPointF(21.5, 12));
+}
+
+void DrawSpeaker(QPainter& p, const QColor& c) {
+    Speaker(p, c);
+    Stroke(p, c, 1.8);
+    p.drawArc(QRectF(9, 7.5, 8, 9), -50 * 16, 100 * 16);
+    p.drawArc(QRectF(8, 4, 12, 16), -50 * 16, 100 * 16);
+}
+
+void DrawRepeat(QPainter& p, const QColor& c) {
+    RepeatLoop(p, c, 7, 17);
+}
+
+void DrawRepeatOne(QPainter& p, const QColor& c) {
+    // A taller loop makes room for a readable "1" inside it.
+    RepeatLoop(p, c, 4.5, 19.5);
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPixelSize(10);
+    font.setBold(true);
+    QPainterPath one;
+    one.addText(0, 0, font, QStringLiteral("1"));
+    const QRectF box = one.boundingRect();
+    Fill(p, c);
+    p.drawPath(one.translated(12 - box.center().x(), 12 - box.center().y()));
+}
+
+void DrawHide(QPainter& p, const QColor& c) {
+    Stroke(p, c, 2.4);
+    p.drawPolyline(QPolygonF({{6, 9}, {12, 15}, {18, 9}}));
+}
+
+void DrawDisplayOff(QPainter& p, const QColor& c) {
+    Fill(p, c);
+    QPainterPath moon;
+    moon.addEllipse(QRectF(4, 4, 16, 16));
+    QPainterPath bite;
+    bite.addEllipse(QRectF(9.5, 1.5, 14, 14));
+    p.drawPath(moon.subtracted(bite));
+}
+
+void DrawMenu(QPainter& p, const QColor& c) {
+    Stroke(p, c, 2.4);
+    p.drawLine(QPointF(5, 7), QPointF(19, 7));
+    p.drawLine(QPointF(5, 12), QPointF(19, 12));
+    p.drawLine(QPointF(5, 17), QPointF(19, 17));
+}
+
+void DrawUp(QPainter& p, const QColor& c) {
+    Stroke(p, c, 2.4);
+    p.drawPolyline(QPolygonF({{6, 11}, {12, 5}, {18, 11}}));
+    p.drawLine(QPointF(12, 5.5), QPointF(12, 19));
+}
+
+void DrawRefresh(QPainter& p, const QColor& c) {
+    Stroke(p, c, 2.2);
+    p.drawArc(QRectF(4.5, 4.5, 15, 15), 60 * 16, 250 * 16);
+    ArrowHead(p, c, QPointF(18.8, 5.2), -40, 4.2);
+}
+
+void DrawStarPlus(QPainter& p, const QColor& c) {
+    p.setPen(QPen(c, 1.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.setBrush(c);
+    p.drawPath(Star({10.5, 12.5}, 8.2, 3.6));
+    Stroke(p, c, 2.0);
+    p.drawLine(QPointF(19, 2.5), QPointF(19, 8.5));
+    p.drawLine(QPointF(16, 5.5), QPointF(22, 5.5));
+}
+
+void DrawClearList(QPainter& p, const QColor& c) {
+    ListLines(p, c, 17);
+    Stroke(p, c, 2.2);
+    p.drawLine(QPointF(15, 14.5), QPointF(20.5, 20));
+    p.drawLine(QPointF(20.5, 14.5), QPointF(15, 20));
+}
+
+void DrawPlayList(QPainter& p, const QColor& c) {
+    ListLines(p, c, 15);
+    FilledTriangle(p, c, {15, 13}, {21, 17}, {15, 21});
+}
+
+using GridPainter = void (*)(QPainter&, const QColor&);
+
+// In the order of the Icon enumeration.
+constexpr std::array<GridPainter, 23> kGridPainters = {
+    DrawPlay,
+    DrawPause,
+    DrawStop,
+    DrawNext,
+    DrawPrevious,
+    DrawVolumeUp,
+    DrawVolumeDown,
+    DrawSpeaker,
+    DrawRepeat,
+    DrawRepeatOne,
+    Shuffle,
+    Library,
+    DrawHide,
+    DrawDisplayOff,
+    DrawMenu,
+    DrawUp,
+    DrawRefresh,
+    Trash,
+    DrawStarPlus,
+    DrawClearList,
+    DrawPlayList,
+    Lock,
+    Note,
+};
+static_assert(kGridPainters.size() == static_cast<std::size_t>(Icon::Note) + 1);
 
 } // namespace
 
@@ -299,7 +326,7 @@ void DrawIcon(QPainter& painter, Icon icon, const QRectF& box, const QColor& col
     painter.save();
     painter.translate(box.topLeft());
     painter.scale(box.width() / kGrid, box.height() / kGrid);
-    DrawOnGrid(painter, icon, colour);
+    kGridPainters[static_cast<std::size_t>(icon)](painter, colour);
     painter.restore();
 }
 

@@ -3,6 +3,7 @@
 #include <QFont>
 #include <QPainter>
 #include <QStringList>
+#include <array>
 
 #include "ui/drawing/blit.h"
 #include "ui/drawing/element_math.h"
@@ -36,19 +37,9 @@ void DrawButton(QPainter& painter, const SkinImages& images, const PlayerButtonP
     DrawBitmapTransparent(painter, Get(images, id), place.position.x, place.position.y);
 }
 
-} // namespace
-
-QImage PlayerMockup(const SkinImages& images, ScreenOrientation orientation, bool busy) {
-    const PlayerLayout& layout = PlayerLayoutFor(orientation);
-    const QImage background = Get(images, layout.background);
-    QImage screen = background.convertToFormat(QImage::Format_RGB32);
-    QPainter painter(&screen);
-
-    // look per button: -1 hidden, 0 normal, 1 pressed, 2 third image.
-    int look[kPlayerButtonCount];
-    for (int& l : look) {
-        l = 0;
-    }
+// How each button is shown: -1 hidden, 0 normal, 1 pressed, 2 third image.
+std::array<int, kPlayerButtonCount> ButtonLooks(bool busy) {
+    std::array<int, kPlayerButtonCount> look{};
     look[kButtonPause] = look[kButtonRepeatOne] = look[kButtonRepeatAll] = -1;
     look[kButtonRandomOn] = -1;
     if (busy) {
@@ -65,9 +56,22 @@ QImage PlayerMockup(const SkinImages& images, ScreenOrientation orientation, boo
         look[kButtonLibrary] = 1;
         look[kButtonHide] = 1;
     }
+    return look;
+}
+
+} // namespace
+
+QImage PlayerMockup(const SkinImages& images, ScreenOrientation orientation, bool busy) {
+    const PlayerLayout& layout = PlayerLayoutFor(orientation);
+    const QImage background = Get(images, layout.background);
+    QImage screen = background.convertToFormat(QImage::Format_RGB32);
+    QPainter painter(&screen);
+
+    const auto looks = ButtonLooks(busy);
     for (int i = 0; i < kPlayerButtonCount; ++i) {
-        if (look[i] >= 0) {
-            DrawButton(painter, images, layout.buttons[static_cast<std::size_t>(i)], look[i]);
+        const int look = looks[static_cast<std::size_t>(i)];
+        if (look >= 0) {
+            DrawButton(painter, images, layout.buttons[static_cast<std::size_t>(i)], look);
         }
     }
 
