@@ -1,0 +1,82 @@
+#include "ui/layout/skin_catalogue.h"
+
+#include <gtest/gtest.h>
+#include <set>
+
+#include "ui/layout/browser_layout.h"
+#include "ui/layout/player_layout.h"
+
+namespace zelvor {
+namespace {
+
+// Every number a layout asks for is in the catalogue with the layout's size:
+// an image shared by two screens must fit both.
+void ExpectListed(BitmapId id, PixelSize size, const char* where) {
+    const SkinBitmapInfo* info = FindSkinBitmap(id);
+    ASSERT_NE(info, nullptr) << where << " asks for " << id;
+    EXPECT_EQ(info->size.width, size.width) << where << " " << id;
+    EXPECT_EQ(info->size.height, size.height) << where << " " << id;
+}
+
+TEST(SkinCatalogue, HoldsEveryBitmapTheLayoutsLoad) {
+    for (ScreenOrientation o : {ScreenOrientation::Portrait, ScreenOrientation::Landscape}) {
+        const PlayerLayout& player = PlayerLayoutFor(o);
+        ExpectListed(player.background, player.screen, "player");
+        for (const PlayerButtonPlace& b : player.buttons) {
+            for (BitmapId id : {b.normal, b.pressed, b.third}) {
+                if (id != 0) {
+                    ExpectListed(id, b.size, "player button");
+                }
+            }
+        }
+        const BrowserLayout browser = BrowserLayoutFor(o);
+        ExpectListed(browser.background, browser.screen, "browser");
+        for (const ImageButtonPlace& b : browser.buttons) {
+            ExpectListed(b.normal, kImageButtonSize, "browser button");
+            ExpectListed(b.pressed, kImageButtonSize, "browser button");
+        }
+    }
+    for (const ImageButtonPlace& b : PlayListPanelLayout().buttons) {
+        ExpectListed(b.normal, kImageButtonSize, "panel button");
+        ExpectListed(b.pressed, kImageButtonSize, "panel button");
+    }
+    ExpectListed(kBmpPanelBackground, PlayListPanelLayout().background, "panel");
+}
+
+TEST(SkinCatalogue, HoldsTheElementImagesAtTheirSizes) {
+    for (int i = 0; i < kDigitImageCount; ++i) {
+        ExpectListed(static_cast<BitmapId>(kBmpDigit0 + i), kDigitCellSize, "digits");
+    }
+    EXPECT_EQ(kBmpDigit0 + kDigitImageCount - 1, kBmpDigitSeparator);
+    ExpectListed(kBmpRemainingTimeMarker, kDigitCellSize, "time");
+    for (BitmapId id : {kBmpVolumeGaugeFull, kBmpVolumeGaugeEmpty, kBmpVolumeGaugeMute}) {
+        ExpectListed(id, kVolumeGaugeSize, "volume");
+    }
+    for (int id = kBmpBatteryLevel0; id <= kBmpBatteryCharging; ++id) {
+        ExpectListed(static_cast<BitmapId>(id), kBatterySize, "battery");
+    }
+    ExpectListed(kBmpBatteryNone, kBatterySize, "battery");
+    ExpectListed(kBmpIndicator, kIndicatorSize, "indicator");
+    ExpectListed(kBmpSeekThumb, kSeekThumbSize, "thumb");
+    ExpectListed(kBmpSeekThumbPressed, kSeekThumbSize, "thumb");
+}
+
+TEST(SkinCatalogue, IsSortedWithoutRepeatsAndKeysOnlySprites) {
+    const auto all = SkinBitmapCatalogue();
+    std::set<BitmapId> seen;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        EXPECT_TRUE(seen.insert(all[i].id).second) << all[i].id;
+        if (i > 0) {
+            EXPECT_LT(all[i - 1].id, all[i].id);
+        }
+    }
+    // Backgrounds and the opaque image buttons carry no transparent key.
+    EXPECT_FALSE(FindSkinBitmap(kBmpPortraitBackground)->transparent);
+    EXPECT_FALSE(FindSkinBitmap(kBmpBrowserUp)->transparent);
+    EXPECT_TRUE(FindSkinBitmap(kBmpPortraitPlay)->transparent);
+    EXPECT_EQ(FindSkinBitmap(1), nullptr);
+    EXPECT_EQ(FindSkinBitmap(1504), nullptr);
+}
+
+} // namespace
+} // namespace zelvor
