@@ -42,10 +42,6 @@ constexpr std::int32_t kEcComplete = 1;   // the stream reached its end
 constexpr std::int32_t kEcUserAbort = 2;
 constexpr std::int32_t kEcErrorAbort = 3; // playback failed; param 1 holds the HResult
 
-// The message the graph's notification becomes on the player window.
-constexpr std::uint32_t kWmUser = 0x0400;
-constexpr std::uint32_t kMsgGraphNotify = kWmUser + 13;
-
 // Milliseconds for "wait as long as it takes".
 constexpr std::int32_t kInfinite = -1;
 

@@ -9,6 +9,7 @@
 #include <QEvent>
 #include <QObject>
 
+#include "app/window_messages.h"
 #include "playback/media_graph.h"
 
 namespace zelvor {
