@@ -62,6 +62,9 @@ bool FillFindData(const fs::path& host, std::u16string name, FindData& out) {
     if (::stat(host.c_str(), &st) != 0)
         return false;
     out.attributes = AttributesOf(host, st);
+    struct stat link {};
+    if (::lstat(host.c_str(), &link) == 0 && S_ISLNK(link.st_mode))
+        out.attributes |= kAttrReparsePoint;
     out.creationTime = ToFileTime(st.st_ctim);
     out.lastAccessTime = ToFileTime(st.st_atim);
     out.lastWriteTime = ToFileTime(st.st_mtim);

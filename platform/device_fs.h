@@ -37,6 +37,9 @@ constexpr std::uint32_t kAttrSystem = 0x04;
 constexpr std::uint32_t kAttrDirectory = 0x10;
 constexpr std::uint32_t kAttrArchive = 0x20;
 constexpr std::uint32_t kAttrNormal = 0x80;
+// A symbolic link on the host, reported as the device's file systems report
+// links (reparse points), on top of the attributes of what it points to.
+constexpr std::uint32_t kAttrReparsePoint = 0x400;
 constexpr std::uint32_t kInvalidAttributes = 0xFFFFFFFF;
 
 // One entry of a folder listing: the device's find-data record.

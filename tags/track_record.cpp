@@ -1,5 +1,7 @@
 #include "tags/track_record.h"
 
+#include <functional>
+
 namespace zelvor {
 
 // Slot order of the texts inside a record.
@@ -45,6 +47,14 @@ void TrackRecord::SetField(int id, std::u16string_view text) {
     int slot = SlotOf(id);
     if (slot < 0)
         return;
+    // A view of our own texts would dangle once the buffer moves.
+    std::u16string copy;
+    const char16_t* own = m_texts.data();
+    std::less<const char16_t*> before;
+    if (!text.empty() && !before(text.data(), own) && before(text.data(), own + m_texts.size())) {
+        copy.assign(text);
+        text = copy;
+    }
     SetSlot(slot, text);
     if (id == kFieldPath)
         SetSlot(SlotOf(kFieldFileName), FileNameOfPath(text));
@@ -120,6 +130,11 @@ std::u16string_view FileNameOfPath(std::u16string_view path, bool stripExtension
             name = name.substr(0, dot);
     }
     return name;
+}
+
+std::u16string_view ShownTitle(const TrackRecord& record) {
+    std::u16string_view title = record.Text(kFieldTitle);
+    return title.empty() ? FileNameOfPath(record.Text(kFieldFileName), true) : title;
 }
 
 } // namespace zelvor

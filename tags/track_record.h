@@ -40,6 +40,7 @@ public:
 
     // A text id copies the text (replacing an earlier one); setting the path
     // also sets the file name. A number id or an unknown id ignores a text.
+    // The text may be a view of this record's own texts.
     void SetField(int id, std::u16string_view text);
     // A number id keeps the value with the field's width (16 bits for the
     // track number, signed 16 bits for run-time value B). Other ids ignore it.
@@ -72,6 +73,10 @@ public:
 
     // Bytes of text held (for memory accounting in benchmarks).
     std::size_t TextBytes() const { return m_texts.size() * sizeof(char16_t); }
+    // Makes room for this many characters of text in all, so that a loader
+    // that knows every text in advance fills the record with one allocation
+    // of the exact size.
+    void ReserveText(std::size_t chars) { m_texts.reserve(chars); }
 
 private:
     static constexpr int kTextSlots = 6;
@@ -94,5 +99,10 @@ private:
 // The name after the last "\" of a path (the whole path when it has none);
 // with stripExtension, also cut at the last "." of that name.
 std::u16string_view FileNameOfPath(std::u16string_view path, bool stripExtension = false);
+
+// The title a record is shown and listed by: its title, or, when that is
+// empty, its file name without the extension. The view lives as long as the
+// record's texts are unchanged.
+std::u16string_view ShownTitle(const TrackRecord& record);
 
 } // namespace zelvor

@@ -79,6 +79,34 @@ TEST(TrackRecordFields, UnknownAndMismatchedIdsChangeNothing) {
     }
 }
 
+TEST(TrackRecordFields, TextsOfTheSameRecordCanBeCopiedIntoOtherFields) {
+    TrackRecord r;
+    r.ReserveText(8); // far too small: the record grows as needed
+    r.SetField(kFieldTitle, u"A title long enough to move the buffer when it grows");
+    r.SetField(kFieldGenre, u"G");
+    r.SetField(kFieldPath, r.Text(kFieldTitle));
+    r.SetField(kFieldAlbum, r.Text(kFieldFileName));
+    r.SetField(kFieldArtist, r.Text(kFieldArtist)); // none into itself: now set and empty
+    EXPECT_EQ(r.Text(kFieldPath), u"A title long enough to move the buffer when it grows");
+    EXPECT_EQ(r.Text(kFieldFileName), r.Text(kFieldPath));
+    EXPECT_EQ(r.Text(kFieldAlbum), r.Text(kFieldPath));
+    EXPECT_TRUE(r.HasText(kFieldArtist));
+    EXPECT_EQ(r.Text(kFieldGenre), u"G");
+}
+
+TEST(TrackRecordFields, ShownTitleFallsBackToTheFileNameWithoutExtension) {
+    TrackRecord r;
+    EXPECT_EQ(ShownTitle(r), u"");
+    r.SetField(kFieldPath, u"\\Storage Card\\Music\\a.b.mp3");
+    EXPECT_EQ(ShownTitle(r), u"a.b");
+    r.SetField(kFieldTitle, u"");
+    EXPECT_EQ(ShownTitle(r), u"a.b");
+    r.SetField(kFieldTitle, u"Real");
+    EXPECT_EQ(ShownTitle(r), u"Real");
+    EXPECT_EQ(FileNameOfPath(u"no-slash.tar.gz", true), u"no-slash.tar");
+    EXPECT_EQ(FileNameOfPath(u"\\dir.d\\plain", true), u"plain");
+}
+
 TEST(TrackRecordClone, CopiesFieldsAndDerivesFileNameFromPath) {
     TrackRecord r;
     r.SetField(kFieldPath, u"\\Flash Disk\\x.aac");

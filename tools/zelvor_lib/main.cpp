@@ -17,6 +17,8 @@ struct Command {
 constexpr Command kCommands[] = {
     {"info", "info [--root DIR] [--languages N]", zelvor::RunInfoCommand},
     {"text", "text [--root DIR] --lang N ID", zelvor::RunTextCommand},
+    {"dump", "dump [--root DIR] FILE", zelvor::RunDumpCommand},
+    {"sort", "sort [--root DIR] FILE.qdx --key K [--order O]", zelvor::RunSortCommand},
 };
 
 int Usage() {

@@ -1,0 +1,323 @@
+#include "library/library_updater.h"
+
+#include <new>
+
+#include "app/local_text.h"
+#include "app/settings.h"
+#include "platform/device.h"
+#include "platform/text.h"
+#include "res/string_table.h"
+#include "tags/audio_file_type.h"
+
+namespace zelvor {
+namespace {
+
+constexpr std::size_t kMaxStorageFolderChars = 256;
+constexpr std::size_t kMaxRootChars = 260;
+
+bool EndsWithBackslash(std::u16string_view folder) {
+    return !folder.empty() && folder.back() == u'\\';
+}
+
+// "folder\*.*", or "folder*.*" when the folder already ends with "\", so
+// that no doubled backslash is formed; likewise for a child's path.
+std::u16string PatternOf(std::u16string_view folder) {
+    return std::u16string(folder) + (EndsWithBackslash(folder) ? u"*.*" : u"\\*.*");
+}
+
+std::u16string ChildOf(std::u16string_view folder, std::u16string_view name) {
+    std::u16string child(folder);
+    if (!EndsWithBackslash(folder))
+        child += u'\\';
+    child += name;
+    return child;
+}
+
+bool IsDirectory(const FindData& data) {
+    return (data.attributes & kAttrDirectory) != 0;
+}
+
+bool IsDotName(std::u16string_view name) {
+    return !name.empty() && name.front() == u'.';
+}
+
+// Folders the search never enters: dot-folders, and links, which can lead
+// back to their own ancestors on the host (the device's cards have none).
+bool IsSkippedFolder(const FindData& data) {
+    return IsDotName(data.name) || (data.attributes & kAttrReparsePoint) != 0;
+}
+
+// Calls visit(name) for each NUL-ended name packed in `names`.
+template <typename Visit> void ForEachName(std::u16string_view names, Visit visit) {
+    while (!names.empty()) {
+        size_t end = names.find(u'\0');
+        visit(names.substr(0, end));
+        if (end == std::u16string_view::npos)
+            break;
+        names.remove_prefix(end + 1);
+    }
+}
+
+DeviceFileSystem& Fs() {
+    return CurrentDevice().FileSystem();
+}
+
+} // namespace
+
+LibraryUpdater::LibraryUpdater(RecordBuilder builder) : m_builder(std::move(builder)) {}
+
+void LibraryUpdater::SetRoot(std::u16string_view path) {
+    std::u16string root(path.substr(0, kMaxRootChars));
+    std::u16string probe = root;
+    m_root = PathExists(probe) ? root : std::u16string(u"\\");
+}
+
+void LibraryUpdater::SetStorageFolders(std::u16string_view first, std::u16string_view second) {
+    m_storage[0] = first.substr(0, kMaxStorageFolderChars);
+    m_storage[1] = second.substr(0, kMaxStorageFolderChars);
+}
+
+void LibraryUpdater::RequestCancel() {
+    m_cancelAsked = true;
+    m_stopped = true;
+}
+
+bool LibraryUpdater::CanAllocate(std::size_t) {
+    return true;
+}
+
+// The interactive form's pump: afterwards the cancel-asked flag is read and
+// cleared; a set flag ends the current loop. The silent form only sees a
+// cancel that came from elsewhere.
+bool LibraryUpdater::PumpCancelled() {
+    if (m_view && m_view->Pump())
+        RequestCancel();
+    return m_cancelAsked.exchange(false);
+}
+
+void LibraryUpdater::ShowPosition(int position) {
+    if (!m_view || m_cancelAsked)
+        return;
+    m_view->SetPosition(position);
+    PumpCancelled();
+}
+
+void LibraryUpdater::ShowCount(std::uint16_t textId, int count) {
+    if (m_view)
+        m_view->SetCountLine(FormatText(LoadLocalText(kLocalTextFileName, m_language, textId), count));
+}
+
+int LibraryUpdater::AddFoundFile(std::u16string_view path, const FindData& findData, int typeCode) {
+    if (findData.attributes & (kAttrHidden | kAttrSystem)) {
+        ++m_stats.skipped;
+        return 0;
+    }
+    auto entry = std::make_unique<PlaylistEntry>(path);
+    entry->SetTypeCode(typeCode);
+    return m_found.Insert(std::move(entry)) == 1 ? 1 : 0;
+}
+
+int LibraryUpdater::ScanFolderTree() {
+    if (!CanAllocate(kNameAreaBytes))
+        return 0;
+    std::array<Level, kMaxScanLevels> levels;
+    int deepest = 0;
+    ShowCount(kTextFilesFound, 0);
+    const bool completed = SearchLevels(levels, deepest);
+
+    if (m_view)
+        m_view->SetRange(0, std::max(deepest, 1), false);
+    ShowPosition(0);
+    m_found.RemoveAll();
+    m_stats = {};
+    if (completed && !m_stopped)
+        SweepFiles(levels, deepest);
+    return 1;
+}
+
+// Steps through depths 0 to 9, collecting each depth's sub-folders. Returns
+// false when stopped (Cancel or a level copy that could not be had).
+bool LibraryUpdater::SearchLevels(std::array<Level, kMaxScanLevels>& levels, int& deepest) {
+    std::u16string area; // the name area; never grown beyond kNameAreaBytes
+    for (int depth = 0; depth < kMaxScanLevels && !m_stopped; ++depth) {
+        int taken = 0;
+        bool areaFull = false;
+        auto searchFolder = [&](std::u16string_view folder) {
+            FindData data;
+            auto find = Fs().FindFirst(PatternOf(folder), data);
+            if (!find)
+                return;
+            do {
+                if (!IsDirectory(data) || IsSkippedFolder(data))
+                    continue;
+                std::u16string child = ChildOf(folder, data.name);
+                bool take = depth == 0 && RestrictedTopLevel()
+                                ? CompareTextIgnoreCase(child, m_storage[0]) == 0 ||
+                                      CompareTextIgnoreCase(child, m_storage[1]) == 0
+                                : !IsFolderEmpty(child);
+                // The area is not grown: once a name would not fit, this level
+                // takes no more folders.
+                if (!take || areaFull)
+                    continue;
+                if ((area.size() + child.size() + 1) * sizeof(char16_t) > kNameAreaBytes) {
+                    areaFull = true;
+                    continue;
+                }
+                area += child;
+                area += u'\0';
+                ++taken;
+            } while (!m_stopped && find->Next(data));
+            if (m_view)
+                PumpCancelled(); // the remaining folders then see their first entry only
+        };
+        if (depth == 0)
+            searchFolder(m_root);
+        else
+            ForEachName(levels[depth - 1].names, searchFolder);
+
+        if (taken == 0) {
+            deepest = depth;
+            return !m_stopped;
+        }
+        if (!CanAllocate(area.size() * sizeof(char16_t))) {
+            m_stopped = true;
+            return false;
+        }
+        levels[depth].names = area; // the exact-size copy of this level
+        levels[depth].count = taken;
+        area.clear();
+    }
+    // Stopped, or the tenth depth still had sub-folders: the deepest depth
+    // stays 0 and only the root's own files are swept.
+    return !m_stopped;
+}
+
+void LibraryUpdater::SweepFiles(const std::array<Level, kMaxScanLevels>& levels, int deepest) {
+    int progress = 0;
+    for (int depth = deepest; depth >= 0 && !m_stopped; --depth) {
+        auto sweepFolder = [&](std::u16string_view folder) {
+            // Once stopped, the found list is thrown away by the caller, so
+            // the remaining folders need not be opened at all.
+            if (m_stopped)
+                return;
+            FindData data;
+            auto find = Fs().FindFirst(PatternOf(folder), data);
+            if (!find)
+                return;
+            int entry = 0;
+            do {
+                if (!IsDirectory(data)) {
+                    int type = GetAudioFileType(data.name);
+                    if (type != kNotMusic && AddFoundFile(ChildOf(folder, data.name), data, type)) {
+                        ++m_stats.found;
+                        ShowCount(kTextFilesFound, m_stats.found);
+                    }
+                }
+                if (entry++ >= 1 && m_view) {
+                    PumpCancelled();
+                    if (m_stopped)
+                        break;
+                }
+            } while (find->Next(data));
+        };
+        if (depth == 0)
+            sweepFolder(m_root);
+        else
+            ForEachName(levels[depth - 1].names, sweepFolder);
+        ++m_stats.levels;
+        ShowPosition(++progress);
+    }
+}
+
+int LibraryUpdater::AddFoundFilesToLibrary() {
+    if (m_view)
+        m_view->SetCountLine(u"");
+    const int count = m_found.Count();
+    if (count == 0)
+        return 1;
+    if (m_view) {
+        m_view->SetMessageLine(LoadLocalText(kLocalTextFileName, m_language, kTextAddingFiles));
+        m_view->SetRange(0, count, false);
+    }
+    ShowPosition(0);
+    for (int i = 0; i < count && !m_stopped; ++i) {
+        const PlaylistEntry* found = m_found.At(i);
+        auto record = m_builder(found->Text(1), found->TypeCode());
+        ShowPosition(i + 1);
+        if (!record) {
+            ++m_stats.failed;
+            continue;
+        }
+        m_results.AddTrack(std::move(record));
+        ++m_stats.added;
+        ShowCount(kTextFilesAdded, m_stats.added);
+    }
+    return 1;
+}
+
+int IsFolderEmpty(std::u16string_view path) {
+    FindData data;
+    auto find = Fs().FindFirst(PatternOf(path), data);
+    if (!find)
+        return 1;
+    do {
+        if (!IsDirectory(data) || !IsDotName(data.name))
+            return 0;
+    } while (find->Next(data));
+    return 1;
+}
+
+int RunUpdatePhase(LibraryUpdater& updater, int phase) {
+    updater.SetPhase(phase);
+    UpdateView* view = updater.View();
+    switch (phase) {
+    case 1: {
+        if (view)
+            view->BeginWaitCursor();
+        int result = updater.ScanFolderTree();
+        if (view)
+            view->EndWaitCursor();
+        return result;
+    }
+    case 2:
+        updater.AddFoundFilesToLibrary();
+        return 1;
+    case 3:
+        if (view) {
+            view->SetMessageLine(
+                LoadLocalText(kLocalTextFileName, updater.Language(), kTextLibraryUpdated));
+            view->Pause(1000);
+        }
+        return 1;
+    default:
+        return 0;
+    }
+}
+
+bool RunInteractiveUpdate(LibraryUpdater& updater) {
+    for (int phase = 1; phase <= 3; ++phase) {
+        if (!RunUpdatePhase(updater, phase) || updater.Stopped())
+            return false;
+    }
+    return true;
+}
+
+int UpdateLibrarySilently(LibraryUpdater& updater, int mode, std::u16string_view rootPath,
+                          const std::atomic<bool>* globalStop) {
+    updater.SetView(nullptr);
+    if (mode == 1)
+        updater.SetStorageFolders(GetStorageCardRoot(), GetFlashDiskRoot());
+    else
+        updater.SetStorageFolders(u"", u"");
+    updater.SetRoot(rootPath);
+    updater.SetPhase(1);
+    int result = updater.ScanFolderTree();
+    const bool stopped = updater.Stopped() || (globalStop && globalStop->load());
+    if (result == 1 && !stopped) {
+        updater.SetPhase(2);
+        updater.AddFoundFilesToLibrary();
+    }
+    return result;
+}
+
+} // namespace zelvor

@@ -1,0 +1,106 @@
+#include "playlists/playlist_file.h"
+
+#include "app/settings.h"
+#include "library/file_cursor.h"
+#include "library/le_bytes.h"
+#include "platform/device.h"
+#include "platform/text.h"
+
+namespace zelvor {
+namespace {
+
+constexpr std::size_t kMagicBytes = 12;
+constexpr std::size_t kCountOffset = 12;
+
+PlaylistHeader ParseHeader(std::span<const std::byte> bytes) {
+    PlaylistHeader header;
+    header.magic = LoadUtf16Z(bytes.first(kMagicBytes));
+    header.magicMatches = CompareText(header.magic, kPlaylistMagic) == 0;
+    header.entryCount = static_cast<std::int32_t>(LoadLe32(bytes.subspan(kCountOffset)));
+    return header;
+}
+
+} // namespace
+
+bool ReadPlaylist(DeviceFile& file, std::u16string_view musicFolder, PlaylistEntryList& list,
+                  PlaylistHeader* headerOut) {
+    FileCursor cursor(file);
+    auto headerBytes = cursor.Take(kPlaylistHeaderBytes);
+    if (!headerBytes)
+        return false;
+    const PlaylistHeader header = ParseHeader(*headerBytes);
+    if (headerOut)
+        *headerOut = header;
+    const std::int32_t count = header.magicMatches ? header.entryCount : 0;
+    for (std::int32_t i = 0; i < count; ++i) {
+        auto lengthBytes = cursor.Take(2);
+        if (!lengthBytes)
+            break;
+        const std::uint16_t length = LoadLe16(*lengthBytes);
+        // An odd length cannot come from a writer of UTF-16 paths: the file
+        // is damaged from here on, so keep what came before and stop.
+        if (length % 2 != 0)
+            break;
+        // A path longer than any device path is left out; its length is
+        // intact, so the entries after it still load.
+        if (length > kMaxPlaylistPathBytes) {
+            if (!cursor.Skip(length))
+                break;
+            continue;
+        }
+        auto pathBytes = cursor.Take(length);
+        if (!pathBytes)
+            break;
+        std::u16string path = LoadUtf16Z(*pathBytes);
+        // An empty path names no file: left out, like an over-long one.
+        if (path.empty())
+            continue;
+        if (path[0] != u'\\')
+            path = JoinDevicePath(musicFolder, path);
+        list.Insert(std::make_unique<PlaylistEntry>(path));
+    }
+    return true;
+}
+
+int LoadPlaylist(std::u16string_view path, PlaylistEntryList& list) {
+    const std::u16string musicFolder = GetMusicFolder();
+    list.RemoveAll(true);
+    auto file = CurrentDevice().FileSystem().OpenFile(path, FileMode::Read);
+    if (!file)
+        return 0;
+    ReadPlaylist(*file, musicFolder, list);
+    return 1;
+}
+
+void WritePlaylist(const PlaylistEntryList& list, ByteSink& sink) {
+    // The count is taken as a signed 16-bit number, as the device's writer
+    // does: a list of more than 32,767 entries stores a count that does not
+    // say how many follow, and only that many are written.
+    const auto count = static_cast<std::int16_t>(list.Count());
+    std::vector<std::byte> bytes;
+    AppendUtf16Z(bytes, kPlaylistMagic);
+    AppendLe32(bytes, static_cast<std::uint32_t>(std::int32_t{count}));
+    bytes.resize(kPlaylistHeaderBytes, std::byte{0});
+    sink.Append(bytes);
+    for (int i = 0; i < count; ++i) {
+        const PlaylistEntry* entry = list.At(i);
+        std::u16string_view path = entry ? entry->Text(1) : std::u16string_view();
+        // Empty paths are skipped, and so are paths no reader would take.
+        const std::size_t length = (path.size() + 1) * 2;
+        if (path.empty() || length > kMaxPlaylistPathBytes)
+            continue;
+        bytes.clear();
+        AppendLe16(bytes, static_cast<std::uint16_t>(length));
+        AppendUtf16Z(bytes, path);
+        sink.Append(bytes);
+    }
+}
+
+int SavePlaylist(std::u16string_view path, const PlaylistEntryList& list) {
+    // Made in memory and swapped in whole: a failing disk keeps the old file.
+    MemorySink sink;
+    WritePlaylist(list, sink);
+    return CurrentDevice().FileSystem().ReplaceFile(path, sink.Bytes()) ? 1 : 0;
+}
+
+} // namespace zelvor

@@ -1,0 +1,343 @@
+#include <array>
+#include <filesystem>
+#include <set>
+#include <csignal>
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include "library/library_file.h"
+#include "tests/library/format_bytes.h"
+#include "tests/support/test_device.h"
+
+namespace zelvor {
+namespace {
+
+using testing::QdxHeader;
+using testing::QdxRecord;
+using testing::StoredTrack;
+using testing::TestDevice;
+using testing::U16;
+using testing::U32;
+using testing::WideZ;
+
+constexpr std::u16string_view kLib = u"\\Flash Disk\\Zelvor\\MusicLib.qdx";
+
+std::unique_ptr<TrackRecord> Track(std::u16string_view path, std::u16string_view title,
+                                   std::u16string_view album, std::u16string_view artist,
+                                   std::u16string_view genre, std::uint32_t duration,
+                                   std::uint16_t trackNumber) {
+    auto r = std::make_unique<TrackRecord>();
+    r->SetField(kFieldPath, path);
+    for (auto [id, text] : {std::pair{kFieldTitle, title}, std::pair{kFieldAlbum, album},
+                            std::pair{kFieldArtist, artist}, std::pair{kFieldGenre, genre}}) {
+        if (!text.empty())
+            r->SetField(id, text);
+    }
+    r->SetField(kFieldDuration, std::int64_t{duration});
+    r->SetField(kFieldTrackNumber, std::int64_t{trackNumber});
+    return r;
+}
+
+const StoredTrack kFirst{u"\\Storage Card\\Music\\a.mp3", u"Alpha", u"Album", u"Artist", u"Rock",
+                         215, 3};
+const StoredTrack kBare{u"\\Flash Disk\\b.wma", u"", u"", u"", u"", 0, 0};
+const StoredTrack kThird{u"\\Storage Card\\ç\\c.aac", u"Ça", u"", u"Ünï", u"", 0xFFFFFFFF, 0xFFFF};
+
+TrackList ListOf(std::initializer_list<StoredTrack> tracks) {
+    TrackList list;
+    for (const StoredTrack& t : tracks)
+        list.AddTrack(Track(t.path, t.title, t.album, t.artist, t.genre, t.duration, t.track));
+    return list;
+}
+
+void ExpectStored(const TrackRecord& r, const StoredTrack& t) {
+    EXPECT_EQ(r.Text(kFieldPath), t.path);
+    EXPECT_EQ(r.Text(kFieldFileName), FileNameOfPath(t.path));
+    EXPECT_EQ(r.Text(kFieldTitle), t.title);
+    EXPECT_EQ(r.Text(kFieldAlbum), t.album);
+    EXPECT_EQ(r.Text(kFieldArtist), t.artist);
+    EXPECT_EQ(r.Text(kFieldGenre), t.genre);
+    EXPECT_EQ(r.Duration(), t.duration);
+    EXPECT_EQ(r.TrackNumber(), t.track);
+}
+
+class LibraryFile : public ::testing::Test {
+protected:
+    TestDevice device;
+};
+
+TEST_F(LibraryFile, SavesTheFormatByteForByte) {
+    TrackList list = ListOf({kFirst, kBare, kThird});
+    ASSERT_EQ(SaveTrackList(kLib, list, 0), 1);
+    std::string expected = QdxHeader(3) + QdxRecord(kFirst) + QdxRecord(kBare) + QdxRecord(kThird);
+    EXPECT_EQ(device.ReadFile(kLib), expected);
+    // The bare record: four empty texts take four zero lengths and no bytes.
+    EXPECT_EQ(QdxRecord(kBare).size(), 14 + (kBare.path.size() + 1) * 2 + 4 + 2);
+}
+
+TEST_F(LibraryFile, EmptyListIsAHeaderAloneAndLoadsEmpty) {
+    ASSERT_EQ(SaveTrackList(kLib, TrackList{}, 0), 1);
+    EXPECT_EQ(device.ReadFile(kLib), QdxHeader(0));
+    TrackList loaded = ListOf({kFirst});
+    EXPECT_EQ(LoadTrackList(kLib, loaded), 1);
+    EXPECT_EQ(loaded.Count(), 0);
+}
+
+TEST_F(LibraryFile, LoadsWhatWasWrittenByHand) {
+    device.WriteFile(kLib, QdxHeader(3) + QdxRecord(kFirst) + QdxRecord(kBare) + QdxRecord(kThird));
+    TrackList list;
+    ASSERT_EQ(LoadTrackList(kLib, list), 1);
+    ASSERT_EQ(list.Count(), 3);
+    ExpectStored(*list.TrackAt(0), kFirst);
+    ExpectStored(*list.TrackAt(1), kBare);
+    ExpectStored(*list.TrackAt(2), kThird);
+    EXPECT_FALSE(list.TrackAt(1)->HasText(kFieldTitle)); // a zero length stays none
+}
+
+TEST_F(LibraryFile, RoundTripKeepsRecordsAndOrderButNotRunTimeValues) {
+    TrackList list = ListOf({kThird, kFirst, kBare});
+    list.TrackAt(0)->SetField(kFieldRunTimeA, std::int64_t{77});
+    ASSERT_EQ(SaveTrackList(kLib, list, 0), 1);
+    TrackList loaded;
+    ASSERT_EQ(LoadTrackList(kLib, loaded), 1);
+    ASSERT_EQ(loaded.Count(), 3);
+    ExpectStored(*loaded.TrackAt(0), kThird);
+    ExpectStored(*loaded.TrackAt(1), kFirst);
+    ExpectStored(*loaded.TrackAt(2), kBare);
+    EXPECT_EQ(loaded.TrackAt(0)->RunTimeA(), 0u);
+    EXPECT_EQ(loaded.TrackAt(0)->RunTimeB(), -1);
+}
+
+TEST_F(LibraryFile, TextsLongerThan255CharactersAreStoredCut) {
+    std::u16string longTitle(300, u'x');
+    longTitle[254] = 0xD83D; // a pair split by the cut is not left half-stored
+    longTitle[255] = 0xDE00;
+    TrackList list;
+    list.AddTrack(Track(u"\\a.mp3", longTitle, u"", u"", u"", 1, 1));
+    std::array<std::uint16_t, 7> lengths{};
+    EXPECT_EQ(MeasureRecord(*list.TrackAt(0), lengths), 14 + 255 * 2 + 4 + 2);
+    EXPECT_EQ(lengths[1], 255 * 2);
+    ASSERT_EQ(SaveTrackList(kLib, list, 0), 1);
+    TrackList loaded;
+    LoadTrackList(kLib, loaded);
+    ASSERT_EQ(loaded.Count(), 1);
+    EXPECT_EQ(loaded.TrackAt(0)->Text(kFieldTitle), std::u16string(254, u'x'));
+}
+
+TEST_F(LibraryFile, RelativePathsJoinTheLibraryFolder) {
+    device.WriteFile(kLib, QdxHeader(2) + QdxRecord({u"Music\\x.mp3"}) + QdxRecord({u"y.mp3"}));
+    TrackList list;
+    ASSERT_EQ(LoadTrackList(kLib, list), 1);
+    ASSERT_EQ(list.Count(), 2);
+    EXPECT_EQ(list.TrackAt(0)->Text(kFieldPath), u"\\Flash Disk\\Zelvor\\Music\\x.mp3");
+    EXPECT_EQ(list.TrackAt(0)->Text(kFieldFileName), u"x.mp3");
+    EXPECT_EQ(list.TrackAt(1)->Text(kFieldPath), u"\\Flash Disk\\Zelvor\\y.mp3");
+
+    device.WriteFile(u"\\Root.qdx", QdxHeader(1) + QdxRecord({u"z.mp3"}));
+    LoadTrackList(u"\\Root.qdx", list);
+    ASSERT_EQ(list.Count(), 1);
+    EXPECT_EQ(list.TrackAt(0)->Text(kFieldPath), u"\\z.mp3");
+}
+
+TEST_F(LibraryFile, MissingFileGivesZeroAndAnEmptyList) {
+    TrackList list = ListOf({kFirst});
+    EXPECT_EQ(LoadTrackList(u"\\Nowhere\\MusicLib.qdx", list), 0);
+    EXPECT_EQ(list.Count(), 0);
+}
+
+TEST_F(LibraryFile, WrongMagicLoadsNothingButCountsAsRead) {
+    const std::string records = QdxRecord(kFirst);
+    for (std::string header : {WideZ(u"QDX101") + testing::Zeros(2) + U32(1) + U16(7),
+                               WideZ(u"qdx100") + testing::Zeros(2) + U32(1) + U16(7),
+                               std::string("QDX100") + testing::Zeros(10) + U32(1) + U16(7)}) {
+        header.resize(56, '\0');
+        device.WriteFile(kLib, header + records);
+        TrackList list = ListOf({kBare});
+        EXPECT_EQ(LoadTrackList(kLib, list), 1);
+        EXPECT_EQ(list.Count(), 0);
+    }
+    // Only the text up to its NUL counts, as a string comparison sees it.
+    std::string header = QdxHeader(1);
+    header[14] = 'x';
+    device.WriteFile(kLib, header + records);
+    TrackList list;
+    LoadTrackList(kLib, list);
+    EXPECT_EQ(list.Count(), 1);
+}
+
+TEST_F(LibraryFile, QueueFileIsTheSameFormatButHidden) {
+    TrackList list = ListOf({kFirst});
+    const std::u16string queue = u"\\Flash Disk\\Zelvor\\~Playlist.qdx";
+    ASSERT_EQ(SaveTrackList(queue, list, 1), 1);
+    ASSERT_EQ(SaveTrackList(kLib, list, 0), 1);
+    EXPECT_EQ(device.ReadFile(queue), device.ReadFile(kLib));
+    EXPECT_NE(device.Fs().GetAttributes(queue) & kAttrHidden, 0u);
+    EXPECT_EQ(device.Fs().GetAttributes(kLib) & kAttrHidden, 0u);
+    // Saving over the hidden file without the flag makes it a plain file.
+    ASSERT_EQ(SaveTrackList(queue, list, 0), 1);
+    EXPECT_EQ(device.Fs().GetAttributes(queue) & kAttrHidden, 0u);
+}
+
+// Truncated anywhere, a file yields the whole records before the cut and
+// nothing else; the sanitizers check that no read goes past a buffer.
+TEST_F(LibraryFile, TruncationAtEveryOffsetKeepsTheWholeRecordsBeforeIt) {
+    const std::string header = QdxHeader(3);
+    const std::string records[] = {QdxRecord(kFirst), QdxRecord(kBare), QdxRecord(kThird)};
+    const std::string whole = header + records[0] + records[1] + records[2];
+    for (size_t cut = 0; cut <= whole.size(); ++cut) {
+        device.WriteFile(kLib, whole.substr(0, cut));
+        TrackList list;
+        ASSERT_EQ(LoadTrackList(kLib, list), 1) << cut;
+        size_t complete = 0, end = header.size();
+        for (const std::string& r : records) {
+            end += r.size();
+            if (end <= cut)
+                ++complete;
+        }
+        ASSERT_EQ(static_cast<size_t>(list.Count()), complete) << "cut at " << cut;
+        if (complete > 0)
+            ExpectStored(*list.TrackAt(0), kFirst);
+    }
+}
+
+TEST_F(LibraryFile, ExtraFieldsAreSkippedAndKnownOnesStillRead) {
+    // Nine fields: the two unknown slots carry bytes that must be passed over.
+    std::string record = U16(8) + U16(4) + U16(0) + U16(0) + U16(0) + U16(4) + U16(2) + U16(6) +
+                         U16(0) + WideZ(u"\\a.") + WideZ(u"T") + U32(9) + U16(4) + "extra!";
+    device.WriteFile(kLib, QdxHeader(2, 9) + record + record);
+    TrackList list;
+    ASSERT_EQ(LoadTrackList(kLib, list), 1);
+    ASSERT_EQ(list.Count(), 2);
+    EXPECT_EQ(list.TrackAt(1)->Text(kFieldPath), u"\\a.");
+    EXPECT_EQ(list.TrackAt(1)->Text(kFieldTitle), u"T");
+    EXPECT_EQ(list.TrackAt(1)->Duration(), 9u);
+    EXPECT_EQ(list.TrackAt(1)->TrackNumber(), 4);
+}
+
+TEST_F(LibraryFile, FewerFieldsLeaveTheRestEmpty) {
+    std::string record = U16(6) + U16(4) + WideZ(u"\\a") + WideZ(u"T");
+    device.WriteFile(kLib, QdxHeader(1, 2) + record);
+    TrackList list;
+    LoadTrackList(kLib, list);
+    ASSERT_EQ(list.Count(), 1);
+    EXPECT_EQ(list.TrackAt(0)->Text(kFieldTitle), u"T");
+    EXPECT_EQ(list.TrackAt(0)->Duration(), 0u);
+}
+
+TEST_F(LibraryFile, NoFieldsMeansNoRecordsWhateverTheCount) {
+    device.WriteFile(kLib, QdxHeader(0xFFFFFFFF, 0));
+    TrackList list;
+    EXPECT_EQ(LoadTrackList(kLib, list), 1);
+    EXPECT_EQ(list.Count(), 0);
+}
+
+TEST_F(LibraryFile, OverlongSlotIsIgnoredAndTheFileStaysAligned) {
+    const std::u16string huge(300, u'h'); // 602 bytes: more than any field holds
+    std::string first = U16(6) + U16(static_cast<std::uint16_t>((huge.size() + 1) * 2)) + U16(0) +
+                        U16(0) + U16(0) + U16(4) + U16(2) + WideZ(u"\\a") + WideZ(huge) + U32(5) +
+                        U16(1);
+    device.WriteFile(kLib, QdxHeader(2) + first + QdxRecord(kFirst));
+    TrackList list;
+    LoadTrackList(kLib, list);
+    ASSERT_EQ(list.Count(), 2);
+    EXPECT_EQ(list.TrackAt(0)->Text(kFieldPath), u"\\a");
+    EXPECT_FALSE(list.TrackAt(0)->HasText(kFieldTitle));
+    EXPECT_EQ(list.TrackAt(0)->Duration(), 5u);
+    ExpectStored(*list.TrackAt(1), kFirst);
+}
+
+TEST_F(LibraryFile, ShortNumberSlotsAndOddTextLengthsReadNoFurther) {
+    std::string record = U16(5) + U16(0) + U16(0) + U16(0) + U16(0) + U16(2) + U16(1) +
+                         WideZ(u"\\a").substr(0, 5) + U16(7) + "\x09";
+    device.WriteFile(kLib, QdxHeader(1) + record);
+    TrackList list;
+    LoadTrackList(kLib, list);
+    ASSERT_EQ(list.Count(), 1);
+    EXPECT_EQ(list.TrackAt(0)->Text(kFieldPath), u"\\a");
+    EXPECT_EQ(list.TrackAt(0)->Duration(), 0u);
+    EXPECT_EQ(list.TrackAt(0)->TrackNumber(), 0);
+}
+
+// A sink that refuses chosen appends, as a full disk refuses a write.
+class RefusingSink final : public ByteSink {
+public:
+    explicit RefusingSink(std::set<int> refused, bool refuseOverwrite = false)
+        : m_refused(std::move(refused)), m_refuseOverwrite(refuseOverwrite) {}
+    bool Append(std::span<const std::byte> data) override {
+        if (m_refused.count(m_calls++))
+            return false;
+        return m_inner.Append(data);
+    }
+    bool Overwrite(std::uint64_t offset, std::span<const std::byte> data) override {
+        return !m_refuseOverwrite && m_inner.Overwrite(offset, data);
+    }
+    const std::vector<std::byte>& Bytes() const { return m_inner.Bytes(); }
+
+private:
+    MemorySink m_inner;
+    std::set<int> m_refused;
+    bool m_refuseOverwrite;
+    int m_calls = 0;
+};
+
+std::string AsString(const std::vector<std::byte>& bytes) {
+    return std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+}
+
+TEST(LibraryWriter, RefusedRecordsAreLeftOutAndTheCountRewritten) {
+    TrackList list = ListOf({kFirst, kBare, kThird});
+    RefusingSink sink({2}); // append 0 is the header, 2 the second record
+    EXPECT_TRUE(WriteTrackList(list, sink));
+    EXPECT_EQ(AsString(sink.Bytes()), QdxHeader(2) + QdxRecord(kFirst) + QdxRecord(kThird));
+
+    RefusingSink noRewrite({1}, true);
+    EXPECT_FALSE(WriteTrackList(list, noRewrite));
+    RefusingSink noHeader({0});
+    EXPECT_FALSE(WriteTrackList(list, noHeader));
+    EXPECT_TRUE(noHeader.Bytes().empty());
+}
+
+TEST_F(LibraryFile, FailedSaveLeavesThePreviousFileIntact) {
+    TrackList old = ListOf({kFirst});
+    ASSERT_EQ(SaveTrackList(kLib, old, 0), 1);
+    const std::string before = device.ReadFile(kLib);
+
+    TrackList bigger;
+    for (int i = 0; i < 200; ++i)
+        bigger.AddTrack(Track(u"\\Storage Card\\Music\\a long enough path.mp3", u"Title", u"",
+                              u"", u"", 1, 1));
+    // The disk fills up half-way through the new file.
+    struct rlimit saved {};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &saved), 0);
+    auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    struct rlimit small = saved;
+    small.rlim_cur = before.size() + 1000;
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    int result = SaveTrackList(kLib, bigger, 0);
+    setrlimit(RLIMIT_FSIZE, &saved);
+    std::signal(SIGXFSZ, oldHandler);
+
+    EXPECT_EQ(result, 0);
+    EXPECT_EQ(device.ReadFile(kLib), before);
+    TrackList loaded;
+    LoadTrackList(kLib, loaded);
+    ASSERT_EQ(loaded.Count(), 1);
+    ExpectStored(*loaded.TrackAt(0), kFirst);
+    // No temporary file is left behind beside it.
+    int files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(device.Host(kLib).parent_path()))
+        files += entry.is_regular_file();
+    EXPECT_EQ(files, 1);
+}
+
+TEST_F(LibraryFile, RefusedPathFailsTheSave) {
+    EXPECT_EQ(SaveTrackList(u"\\Flash Disk\\no such folder\\MusicLib.qdx", ListOf({kFirst}), 0), 0);
+}
+
+TEST_F(LibraryFile, LibraryPathIsInTheProgramDirectory) {
+    EXPECT_EQ(GetLibraryPath(), u"\\Flash Disk\\Zelvor\\MusicLib.qdx");
+}
+
+} // namespace
+} // namespace zelvor

@@ -1,0 +1,354 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+
+#include "app/settings.h"
+#include "library/library_file.h"
+#include "library/library_replacement.h"
+#include "library/library_updater.h"
+#include "platform/text.h"
+#include "res/string_table.h"
+#include "tests/support/test_device.h"
+
+namespace zelvor {
+namespace {
+namespace fs = std::filesystem;
+using testing::TestDevice;
+
+// Stands in for the tag readers: a record for every file that can still be
+// read, none for a file whose name holds "bad" or that has gone.
+std::unique_ptr<TrackRecord> FakeBuild(std::u16string_view path, int) {
+    if (path.find(u"bad") != std::u16string_view::npos ||
+        !CurrentDevice().FileSystem().ReadWholeFile(path))
+        return nullptr;
+    auto record = std::make_unique<TrackRecord>();
+    record->SetField(kFieldPath, path);
+    record->SetField(kFieldTitle, FileNameOfPath(path, true));
+    return record;
+}
+
+// Records what the interactive form shows; Cancel comes in at a chosen pump
+// of a chosen phase.
+class RecordingView : public UpdateView {
+public:
+    explicit RecordingView(LibraryUpdater& u) : updater(u) {}
+    void SetRange(int lower, int upper, bool percent) override {
+        ranges.push_back({lower, upper});
+        EXPECT_FALSE(percent);
+    }
+    void SetPosition(int p) override { positions.push_back(p); }
+    void SetCountLine(std::u16string_view t) override { countLines.emplace_back(t); }
+    void SetMessageLine(std::u16string_view t) override { messageLines.emplace_back(t); }
+    bool Pump() override {
+        ++pumps;
+        return updater.Phase() == cancelPhase && ++phasePumps == cancelAtPump;
+    }
+    LibraryUpdater& updater;
+    int cancelPhase = 0, cancelAtPump = 0, phasePumps = 0, pumps = 0;
+    std::vector<std::pair<int, int>> ranges;
+    std::vector<int> positions;
+    std::vector<std::u16string> countLines, messageLines;
+};
+
+class LibraryScan : public ::testing::Test {
+protected:
+    LibraryScan() : updater(FakeBuild) {}
+    void File(std::u16string_view path) { dev.WriteFile(path, "audio"); }
+    void Folder(std::u16string_view path) { fs::create_directories(dev.Host(path)); }
+    std::set<std::u16string> Found() {
+        std::set<std::u16string> paths;
+        for (const auto& entry : updater.FoundFiles())
+            paths.insert(std::u16string(entry->Text(1)));
+        return paths;
+    }
+    std::set<std::u16string> ScanStorage() {
+        updater.SetRoot(u"\\");
+        updater.SetStorageFolders(u"\\Storage Card", u"\\Flash Disk");
+        EXPECT_EQ(updater.ScanFolderTree(), 1);
+        return Found();
+    }
+    TestDevice dev;
+    LibraryUpdater updater;
+};
+
+TEST_F(LibraryScan, FindsMusicByNameInBothStorageFoldersOnly) {
+    File(u"\\Storage Card\\Music\\Artist\\01 One.mp3");
+    File(u"\\Storage Card\\Music\\Artist\\02 Two.WMA");
+    File(u"\\Storage Card\\Music\\cover.jpg");
+    File(u"\\Storage Card\\clip.m4a");
+    File(u"\\Flash Disk\\Zelvor\\My Music\\three.aac");
+    File(u"\\Windows\\elsewhere.mp3");
+    File(u"\\root.mp3");
+    EXPECT_EQ(ScanStorage(), (std::set<std::u16string>{
+                                 u"\\Storage Card\\Music\\Artist\\01 One.mp3",
+                                 u"\\Storage Card\\Music\\Artist\\02 Two.WMA",
+                                 u"\\Flash Disk\\Zelvor\\My Music\\three.aac", u"\\root.mp3"}));
+    // Deepest folders are swept first (depth 3 here), the root last; each
+    // entry carries its type code.
+    for (int i = 0; i < 3; ++i) {
+        auto path = updater.FoundFiles().At(i)->Text(1);
+        EXPECT_EQ(std::count(path.begin(), path.end(), u'\\'), 4) << ToUtf8(path);
+    }
+    EXPECT_EQ(updater.FoundFiles().At(-1)->Text(1), u"\\root.mp3");
+    EXPECT_EQ(updater.FoundFiles().At(-1)->TypeCode(), 0);
+}
+
+TEST_F(LibraryScan, WithNeitherStorageFolderOnlyTheRootsOwnFilesAreFound) {
+    fs::remove_all(dev.Host(u"\\Storage Card"));
+    fs::remove_all(dev.Host(u"\\Flash Disk"));
+    File(u"\\a.mp3");
+    File(u"\\Other\\b.mp3");
+    EXPECT_EQ(ScanStorage(), std::set<std::u16string>{u"\\a.mp3"});
+    EXPECT_EQ(updater.Stats().levels, 1);
+}
+
+TEST_F(LibraryScan, EmptyFoldersBelowTheTopAreNeverListedButEmptyStorageFoldersAre) {
+    File(u"\\Flash Disk\\x.mp3");
+    Folder(u"\\Storage Card\\Empty");
+    Folder(u"\\Storage Card\\OnlyDots\\.thumbs");
+    File(u"\\Storage Card\\OnlyDots\\.thumbs\\hidden.mp3");
+    File(u"\\Storage Card\\NotEmpty\\readme.txt");
+    ScanStorage();
+    // Depth 1 holds both storage folders (the card's is taken unlooked),
+    // depth 2 only "NotEmpty": so three levels are swept.
+    EXPECT_EQ(updater.Stats().levels, 3);
+    EXPECT_EQ(Found(), std::set<std::u16string>{u"\\Flash Disk\\x.mp3"});
+    EXPECT_EQ(IsFolderEmpty(u"\\Storage Card\\OnlyDots"), 1);
+    EXPECT_EQ(IsFolderEmpty(u"\\Storage Card\\NotEmpty"), 0);
+    EXPECT_EQ(IsFolderEmpty(u"\\No Such Folder"), 1);
+}
+
+TEST_F(LibraryScan, DotFoldersLinksAndHiddenOrSystemFilesAreLeftOut) {
+    File(u"\\Storage Card\\.cache\\x.mp3");
+    File(u"\\Storage Card\\Music\\shown.mp3");
+    File(u"\\Storage Card\\Music\\hidden.mp3");
+    File(u"\\Storage Card\\Music\\system.mp3");
+    bool attrs = dev.Fs().SetAttributes(u"\\Storage Card\\Music\\hidden.mp3", kAttrHidden) &&
+                 dev.Fs().SetAttributes(u"\\Storage Card\\Music\\system.mp3", kAttrSystem);
+    // A link back to an ancestor cannot trap the walk or deepen the tree.
+    fs::create_directory_symlink(dev.Host(u"\\Storage Card"), dev.Host(u"\\Storage Card\\Music\\loop"));
+    std::set<std::u16string> expected{u"\\Storage Card\\Music\\shown.mp3"};
+    if (!attrs)
+        expected = {u"\\Storage Card\\Music\\shown.mp3", u"\\Storage Card\\Music\\hidden.mp3",
+                    u"\\Storage Card\\Music\\system.mp3"};
+    EXPECT_EQ(ScanStorage(), expected);
+    if (attrs) {
+        EXPECT_EQ(updater.Stats().skipped, 2);
+    }
+}
+
+std::u16string Chain(int depth) {
+    std::u16string path = u"\\Storage Card";
+    for (int level = 2; level <= depth; ++level)
+        path += u"\\L" + FromUtf8(std::to_string(level));
+    return path;
+}
+
+TEST_F(LibraryScan, NineLevelsAreSweptButATenthLeavesOnlyTheRootsFiles) {
+    File(u"\\root.mp3");
+    File(Chain(9) + u"\\deep.mp3");
+    File(u"\\Flash Disk\\flash.mp3");
+    EXPECT_EQ(ScanStorage().size(), 3u);
+    File(Chain(10) + u"\\deeper.mp3");
+    EXPECT_EQ(ScanStorage(), std::set<std::u16string>{u"\\root.mp3"});
+}
+
+TEST_F(LibraryScan, ALevelWhoseNamesOverflowTheAreaIsCut) {
+    // Each child path is "\Storage Card\" and 250 characters, and a NUL.
+    const std::u16string pad(246, u'n');
+    const std::size_t bytesPerName = (14 + 250 + 1) * sizeof(char16_t);
+    for (int i = 0; i < 500; ++i) {
+        std::u16string name = FromUtf8(std::to_string(1000 + i)) + pad;
+        File(u"\\Storage Card\\" + name + u"\\a.mp3");
+    }
+    ScanStorage();
+    EXPECT_EQ(Found().size(), kNameAreaBytes / bytesPerName); // 494 of the 500
+}
+
+TEST_F(LibraryScan, ARootEndingInABackslashFormsNoDoubledBackslash) {
+    File(u"\\Storage Card\\Sub\\a.mp3");
+    File(u"\\Storage Card\\b.mp3");
+    updater.SetRoot(u"\\Storage Card\\");
+    EXPECT_EQ(updater.Root(), u"\\Storage Card\\");
+    updater.ScanFolderTree();
+    EXPECT_EQ(Found(), (std::set<std::u16string>{u"\\Storage Card\\Sub\\a.mp3", u"\\Storage Card\\b.mp3"}));
+    updater.SetRoot(u"\\Gone");
+    EXPECT_EQ(updater.Root(), u"\\");
+}
+
+TEST_F(LibraryScan, NonAsciiAndLongNamesWork) {
+    // 255 characters, the most a name can have (Linux counts bytes, so ASCII).
+    const std::u16string longName = std::u16string(251, u'a') + u".mp3";
+    File(u"\\Storage Card\\Łódź Ölfjord\\日本\\" + longName);
+    File(u"\\Storage Card\\Café\\Niño.wma");
+    auto found = ScanStorage();
+    EXPECT_EQ(found.size(), 2u);
+    EXPECT_EQ(found.count(u"\\Storage Card\\Łódź Ölfjord\\日本\\" + longName), 1u);
+}
+
+// A folder the host will not open (permissions do not stop root, so the
+// refusal is staged).
+class LockedFolderFileSystem : public DeviceFileSystem {
+public:
+    using DeviceFileSystem::DeviceFileSystem;
+    std::unique_ptr<FindHandle> FindFirst(std::u16string_view pattern, FindData& first) const override {
+        if (StartsWithIgnoreCase(pattern, u"\\Storage Card\\Locked\\"))
+            return nullptr;
+        return DeviceFileSystem::FindFirst(pattern, first);
+    }
+};
+
+TEST_F(LibraryScan, UnreadableFoldersAreSkipped) {
+    File(u"\\Storage Card\\Locked\\a.mp3");
+    File(u"\\Storage Card\\Locked\\Inner\\b.mp3");
+    File(u"\\Storage Card\\Open\\c.mp3");
+    dev.Get().SetFileSystem(std::make_unique<LockedFolderFileSystem>(dev.Root()));
+    // A folder that cannot be opened counts as empty, so it is not even listed.
+    EXPECT_EQ(ScanStorage(), std::set<std::u16string>{u"\\Storage Card\\Open\\c.mp3"});
+}
+
+TEST_F(LibraryScan, AddPhaseKeepsWhatTheReadersMakeAndCountsFailures) {
+    File(u"\\Storage Card\\good.mp3");
+    File(u"\\Storage Card\\bad.mp3");
+    File(u"\\Flash Disk\\other.wma");
+    ScanStorage();
+    updater.AddFoundFilesToLibrary();
+    EXPECT_EQ(updater.Results().Count(), 2);
+    EXPECT_EQ(updater.Stats().added, 2);
+    EXPECT_EQ(updater.Stats().failed, 1);
+}
+
+TEST_F(LibraryScan, ACardPulledBetweenSearchAndAddLeavesItsFilesOut) {
+    File(u"\\Storage Card\\A\\one.mp3");
+    File(u"\\Storage Card\\two.mp3");
+    File(u"\\Flash Disk\\three.mp3");
+    ScanStorage();
+    fs::remove_all(dev.Host(u"\\Storage Card"));
+    updater.AddFoundFilesToLibrary();
+    ASSERT_EQ(updater.Results().Count(), 1);
+    EXPECT_EQ(updater.Results().TrackAt(0)->Text(kFieldPath), u"\\Flash Disk\\three.mp3");
+}
+
+class InteractiveUpdate : public LibraryScan {
+protected:
+    InteractiveUpdate() : view(updater) {
+        for (int i = 0; i < 6; ++i)
+            File(u"\\Storage Card\\F" + FromUtf8(std::to_string(i)) + u"\\t.mp3");
+        updater.SetRoot(u"\\");
+        updater.SetStorageFolders(GetStorageCardRoot(), GetFlashDiskRoot());
+        updater.SetView(&view);
+    }
+    RecordingView view;
+};
+
+TEST_F(InteractiveUpdate, RunsThreePhasesWithTheirTexts) {
+    EXPECT_TRUE(RunInteractiveUpdate(updater));
+    EXPECT_EQ(updater.Results().Count(), 6);
+    EXPECT_EQ(view.countLines.front(), u"0 file(s) found");
+    EXPECT_NE(std::find(view.countLines.begin(), view.countLines.end(), u"6 file(s) found"),
+              view.countLines.end());
+    EXPECT_EQ(view.countLines.back(), u"6 file(s) added");
+    EXPECT_EQ(view.messageLines,
+              (std::vector<std::u16string>{u"Adding files...",
+                                           u"The library has been updated successfully !"}));
+    // Search: 0 to the deepest depth (2); add: 0 to the number of files.
+    EXPECT_EQ(view.ranges, (std::vector<std::pair<int, int>>{{0, 2}, {0, 6}}));
+    EXPECT_EQ(view.positions.back(), 6);
+}
+
+TEST_F(InteractiveUpdate, CancelDuringTheSearchAddsNothing) {
+    view.cancelPhase = 1;
+    view.cancelAtPump = 2;
+    EXPECT_FALSE(RunInteractiveUpdate(updater));
+    EXPECT_TRUE(updater.Stopped());
+    EXPECT_EQ(updater.FoundFiles().Count(), 0);
+    EXPECT_EQ(updater.Results().Count(), 0);
+}
+
+TEST_F(InteractiveUpdate, CancelDuringTheAddPhaseKeepsTheRecordsSoFar) {
+    view.cancelPhase = 2;
+    view.cancelAtPump = 4; // pumps: position 0, then after records 1, 2, 3
+    EXPECT_FALSE(RunInteractiveUpdate(updater));
+    EXPECT_EQ(updater.Results().Count(), 3);
+}
+
+TEST_F(InteractiveUpdate, ACancelFromOutsideStopsTheSilentFormToo) {
+    std::atomic<bool> frameStop{true};
+    EXPECT_EQ(UpdateLibrarySilently(updater, 1, u"\\", &frameStop), 1);
+    EXPECT_EQ(updater.FoundFiles().Count(), 6);
+    EXPECT_EQ(updater.Results().Count(), 0); // the add phase did not run
+    updater.RequestCancel();
+    EXPECT_EQ(UpdateLibrarySilently(updater, 1, u"\\"), 1);
+    EXPECT_EQ(updater.FoundFiles().Count(), 0);
+}
+
+class FailingAllocations : public LibraryUpdater {
+public:
+    FailingAllocations(std::size_t failAt) : LibraryUpdater(FakeBuild), m_failAt(failAt) {}
+
+protected:
+    bool CanAllocate(std::size_t bytes) override { return bytes != m_failAt && m_failAt != 0; }
+
+private:
+    std::size_t m_failAt;
+};
+
+TEST(LibraryScanMemory, ANameAreaThatCannotBeHadFindsNothingAndALevelCopyStopsTheRun) {
+    TestDevice dev;
+    dev.WriteFile(u"\\Storage Card\\A\\a.mp3", "x");
+    FailingAllocations noArea(kNameAreaBytes);
+    noArea.SetStorageFolders(u"\\Storage Card", u"");
+    EXPECT_EQ(noArea.ScanFolderTree(), 0);
+    EXPECT_FALSE(noArea.Stopped());
+    // Depth 0 packs "\Storage Card" and its NUL: 28 bytes.
+    FailingAllocations noCopy(28);
+    noCopy.SetStorageFolders(u"\\Storage Card", u"");
+    EXPECT_EQ(noCopy.ScanFolderTree(), 1);
+    EXPECT_TRUE(noCopy.Stopped());
+    EXPECT_EQ(noCopy.FoundFiles().Count(), 0);
+}
+
+TEST_F(LibraryScan, SilentModesRescanOneStorageAndReplaceOnlyItsRecords) {
+    File(u"\\Storage Card\\card.mp3");
+    File(u"\\Flash Disk\\flash.mp3");
+    TrackList library;
+    for (std::u16string path : {u"\\Storage Card\\old.mp3", u"\\Flash Disk\\kept.mp3"}) {
+        auto r = std::make_unique<TrackRecord>();
+        r->SetField(kFieldPath, path);
+        library.AddTrack(std::move(r));
+    }
+    EXPECT_EQ(UpdateLibrarySilently(updater, 4, GetStorageCardRoot()), 1);
+    ASSERT_EQ(ReplaceStorageAfterSilentUpdate(library, updater.Results(), 4), 1);
+    std::set<std::u16string> paths;
+    for (const auto& r : library)
+        paths.insert(std::u16string(r->Text(kFieldPath)));
+    EXPECT_EQ(paths, (std::set<std::u16string>{u"\\Flash Disk\\kept.mp3", u"\\Storage Card\\card.mp3"}));
+    EXPECT_EQ(updater.Results().Count(), 0);
+    // Only the rescanned storage's fingerprint is recorded.
+    auto recorded = [](std::uint16_t section) {
+        return GetProfileNumber(section, kTextEntryFreeSpaceHigh, 0) != 0 ||
+               GetProfileNumber(section, kTextEntryFreeSpaceLow, 0) != 0;
+    };
+    EXPECT_TRUE(recorded(kTextSectionStorageCard));
+    EXPECT_FALSE(recorded(kTextSectionFlashDisk));
+    TrackList saved;
+    EXPECT_EQ(LoadTrackList(GetLibraryPath(), saved), 1);
+    EXPECT_EQ(saved.Count(), 2);
+}
+
+TEST_F(LibraryScan, TheInteractiveReplacementTakesOverEveryRecord) {
+    File(u"\\Flash Disk\\a.mp3");
+    TrackList library;
+    library.AddTrack(std::make_unique<TrackRecord>());
+    ScanStorage();
+    updater.AddFoundFilesToLibrary();
+    EXPECT_EQ(ReplaceLibraryAfterUpdate(library, updater.Results()), 1);
+    EXPECT_EQ(library.Count(), 1);
+    EXPECT_EQ(library.TrackAt(0)->Text(kFieldPath), u"\\Flash Disk\\a.mp3");
+    EXPECT_EQ(updater.Results().Count(), 0);
+}
+
+} // namespace
+} // namespace zelvor
