@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/host/gst_media_graph.h"
+#include "platform/text.h"
 #include "playback/graph_notify_waiter.h"
 #include "playback/player.h"
 #include "playback/player_settings.h"
