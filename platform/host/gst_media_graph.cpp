@@ -193,6 +193,11 @@ HResult GstMediaGraph::QuerySlot(GraphSlot) {
 HResult GstMediaGraph::Run() {
     if (!m_playbin)
         return kVfwEWrongState;
+    if (m_pendingSeek) {
+        HResult hr = SeekAndSettle(*m_pendingSeek);
+        if (Failed(hr))
+            return hr;
+    }
     {
         std::lock_guard guard(m_lock);
         m_running = true;
@@ -284,7 +289,9 @@ HResult GstMediaGraph::GetDuration(std::int64_t* duration) {
 
 HResult GstMediaGraph::GetCurrentPosition(std::int64_t* position) {
     gint64 nanos = 0;
-    if (m_playbin && gst_element_query_position(m_playbin, GST_FORMAT_TIME, &nanos) && nanos >= 0)
+    if (m_pendingSeek)
+        m_position = *m_pendingSeek;
+    else if (m_playbin && gst_element_query_position(m_playbin, GST_FORMAT_TIME, &nanos) && nanos >= 0)
         m_position = nanos / kNanosPerUnit;
     *position = m_position;
     return m_playbin ? kOk : kVfwEWrongState;
@@ -295,16 +302,21 @@ HResult GstMediaGraph::SetPositions(std::int64_t current) {
         return kVfwEWrongState;
     if (current < 0)
         current = 0;
-    bool ranToEnd = false;
     {
         std::lock_guard guard(m_lock);
-        ranToEnd = m_running && m_complete;
-        if (ranToEnd)
+        if (m_running && !m_complete) {
+            // Playing on: the seek is heard at once.
+            m_pendingSeek.reset();
+        } else {
+            // Nothing plays (paused, stopped, or run to its end, which no
+            // longer counts as running): the seek waits for Run, so a graph
+            // rewound only to be stopped and released costs no decoding.
             m_running = false;
-    }
-    if (ranToEnd) {
-        SetState(GST_STATE_PAUSED);
-        Settle(kSeekTimeout);
+            m_complete = false;
+            m_pendingSeek = current;
+            m_position = current;
+            return kOk;
+        }
     }
     return SeekAndSettle(current);
 }
@@ -315,6 +327,7 @@ HResult GstMediaGraph::SeekAndSettle(std::int64_t current) {
         return kEFail;
     HResult hr = Settle(kSeekTimeout);
     m_prerolledLevel = m_level->load();
+    m_pendingSeek.reset();
     std::lock_guard guard(m_lock);
     m_complete = false;
     m_position = current;
@@ -337,7 +350,7 @@ HResult GstMediaGraph::PutVolume(std::int32_t volume) {
     // thing heard. Preroll it again where the graph stands.
     if (!running && volume != m_prerolledLevel) {
         std::int64_t position = 0;
-        GetCurrentPosition(&position);
+        GetCurrentPosition(&position); // the pending seek's target, if any
         SeekAndSettle(position);
     }
     return kOk;

@@ -14,9 +14,10 @@
 // - Stop pauses the graph (it stays prerolled, so it can be sought and run)
 //   and drops an end of stream not yet taken: a stopped graph has nothing
 //   left to complete.
-// - A graph that ran to its end and is then sought stays paused at the new
-//   position until Run: restarting it would play the first moments of the
-//   track before the owner's Stop, which always follows the end's rewind.
+// - A seek while nothing plays (paused, stopped, or run to its end) is kept
+//   and carried out by Run: a graph that ran to its end is rewound only to be
+//   stopped and released, and restarting it would play the first moments of
+//   the track before the owner's Stop. The position reads as the target.
 
 #include <atomic>
 #include <chrono>
@@ -25,6 +26,7 @@
 #include <deque>
 #include <memory>
 #include <mutex>
+#include <optional>
 
 #include <gst/gst.h>
 
@@ -98,6 +100,7 @@ private:
     std::int64_t m_duration = 0; // last duration read, 100-ns units
     bool m_countedDuration = false; // m_duration was counted in the file
     std::int64_t m_position = 0; // last position read or sought
+    std::optional<std::int64_t> m_pendingSeek; // carried out by Run
 };
 
 class GstGraphFactory final : public MediaGraphFactory {
