@@ -303,6 +303,13 @@ void PlaybackEngine::SetPlayState(std::int32_t state) {
     m_view.PlayStateChanged(state);
 }
 
+void PlaybackEngine::StopPositionTimer() {
+    if (m_positionTimer != 0) {
+        m_view.StopTimer(m_positionTimer);
+        m_positionTimer = 0;
+    }
+}
+
 void PlaybackEngine::RefreshStepButtons() {
     int state = (m_queue && m_queue->EntryCount() > 0) ? kDisplayNormal : kDisplayHidden;
     m_buttons.Set(kButtonPrevious, state);

@@ -75,6 +75,8 @@ public:
     void SetPlayState(std::int32_t state);
     // Previous and Next are disabled while the queue has no entries.
     void RefreshStepButtons();
+    // The screen is going away: its position timer stops with it.
+    void StopPositionTimer();
 
 private:
     HResult QuerySlots(MediaGraph& graph);

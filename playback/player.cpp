@@ -20,6 +20,7 @@ Player::Player(MediaGraphFactory& factory, PlayerView& view, ShuffleRandom& rand
 }
 
 Player::~Player() {
+    m_engine.StopPositionTimer();
     m_engine.StopAndRelease(true);
     SavePlayerSettings({m_queue.Random(), m_queue.RepeatMode(), m_volume.Muted(), m_volume.Index()});
     // The queue writes its file as it goes, after this body.

@@ -464,5 +464,16 @@ TEST(PlayerSettingsLifetime, AreReadAtStartAndWrittenAtTheEnd) {
     EXPECT_TRUE(saved.random);
 }
 
+TEST(PlayerLifetime, TheEndStopsTheTimerAndReleasesThePlayingGraph) {
+    QueueRig rig;
+    rig.Play({u"a.mp3"});
+    rig.Engine().PlayCommand(true);
+    ASSERT_TRUE(rig.view.TimerRunning(kTimerPosition));
+    rig.player.reset();
+    EXPECT_FALSE(rig.view.TimerRunning(kTimerPosition));
+    EXPECT_EQ(rig.factory.liveGraphs, 0);
+    EXPECT_EQ(rig.factory.log.back(), "destroy a.mp3");
+}
+
 } // namespace
 } // namespace zelvor
