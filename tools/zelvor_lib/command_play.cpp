@@ -111,6 +111,30 @@ std::optional<std::u16string> HostFileOnDevice(const std::string& arg) {
     return device;
 }
 
+// Handles the graph's notifications until the queue stops playing, or stops
+// it after the given number of seconds.
+void PlayUntilStopped(Player& player, GraphNotifyWaiter& waiter, std::optional<long long> seconds) {
+    auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(seconds.value_or(0));
+    auto active = [&] {
+        auto state = player.Engine().State();
+        return state == kPlayStatePlaying || state == kPlayStatePaused;
+    };
+    while (active()) {
+        auto wait = std::chrono::milliseconds(500);
+        if (seconds) {
+            auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
+                limit - std::chrono::steady_clock::now());
+            if (left.count() <= 0) {
+                player.Engine().StopCommand();
+                return;
+            }
+            wait = std::min(wait, left);
+        }
+        if (waiter.Wait(wait))
+            player.Engine().OnGraphNotify();
+    }
+}
+
 int Fail(const std::string& message) {
     std::fprintf(stderr, "zelvor-lib play: %s\n%s", message.c_str(), kUsage);
     return 2;
@@ -172,29 +196,11 @@ int RunPlayCommand(const Arguments& args) {
         player.SetNotifyHook(waiter.Hook());
 
         auto start = std::chrono::steady_clock::now();
-        auto limit = start + std::chrono::seconds(seconds.value_or(0));
         player.Queue().ReplaceQueue(files);
         player.Engine().PlayCommand(true);
         if (player.Engine().State() != kPlayStatePlaying)
             status = 1;
-        auto active = [&] {
-            auto state = player.Engine().State();
-            return state == kPlayStatePlaying || state == kPlayStatePaused;
-        };
-        while (active()) {
-            auto wait = std::chrono::milliseconds(500);
-            if (seconds) {
-                auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
-                    limit - std::chrono::steady_clock::now());
-                if (left.count() <= 0) {
-                    player.Engine().StopCommand();
-                    break;
-                }
-                wait = std::min(wait, left);
-            }
-            if (waiter.Wait(wait))
-                player.Engine().OnGraphNotify();
-        }
+        PlayUntilStopped(player, waiter, seconds);
         std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
         player.Engine().StopAndRelease(false);
         Print(JsonLine().Add("event", "end").Add("seconds", took.count()));
