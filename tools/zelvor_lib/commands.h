@@ -18,6 +18,7 @@ int RunInfoCommand(const Arguments& args);
 int RunTextCommand(const Arguments& args);
 int RunDumpCommand(const Arguments& args);
 int RunSortCommand(const Arguments& args);
+int RunPlayCommand(const Arguments& args);
 
 // Shared by dump and sort (command_dump.cpp): a library or playlist file
 // opened either on the device of --root (FILE is a device path) or, without

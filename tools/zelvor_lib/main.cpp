@@ -19,6 +19,8 @@ constexpr Command kCommands[] = {
     {"text", "text [--root DIR] --lang N ID", zelvor::RunTextCommand},
     {"dump", "dump [--root DIR] FILE", zelvor::RunDumpCommand},
     {"sort", "sort [--root DIR] FILE.qdx --key K [--order O]", zelvor::RunSortCommand},
+    {"play", "play FILE... [--seconds N] [--sink auto|fake|wav:PATH] [--random] [--repeat 0|1|2]",
+     zelvor::RunPlayCommand},
 };
 
 int Usage() {

@@ -1,0 +1,10 @@
+#include "playback/shuffle_random.h"
+
+namespace zelvor {
+
+ShuffleRandom& ProgramRandom() {
+    static ShuffleRandom random;
+    return random;
+}
+
+} // namespace zelvor

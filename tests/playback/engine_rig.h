@@ -1,0 +1,81 @@
+#pragma once
+// The engine with its slots, volume, buttons and position on a fake graph and
+// a recording view, in a fresh test device whose music files exist (their
+// contents do not matter to the fake graph). A scripted queue stands in for
+// the play queue: it steps through a list of paths the way the queue does.
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/text.h"
+#include "playback/playback_engine.h"
+#include "playback/player_position.h"
+#include "tests/playback/fake_media_graph.h"
+#include "tests/playback/recording_player_view.h"
+#include "tests/support/test_device.h"
+
+namespace zelvor::testing {
+
+class ScriptedQueue : public EngineQueue {
+public:
+    explicit ScriptedQueue(PlaybackEngine& engine) : m_engine(engine) {}
+
+    int EntryCount() const override { return static_cast<int>(paths.size()); }
+    std::u16string CurrentPath() const override {
+        return current >= 0 && current < EntryCount() ? paths[current] : std::u16string();
+    }
+    int StepTrack(bool forward, bool automatic) override {
+        steps.push_back(forward ? (automatic ? "auto" : "next") : "previous");
+        int n = EntryCount();
+        current = ((forward ? current + 1 : current - 1) % n + n) % n;
+        m_engine.StopAndRelease(true);
+        return m_engine.OpenTrack(paths[current]) ? 1 : -1;
+    }
+    void AdvanceAtEnd() override {
+        ++advances;
+        if (playOnAdvance && current + 1 < EntryCount() && StepTrack(true, true) > 0)
+            m_engine.PlayCommand(true);
+    }
+
+    std::vector<std::u16string> paths;
+    int current = 0;
+    std::vector<std::string> steps;
+    int advances = 0;
+    bool playOnAdvance = false;
+
+private:
+    PlaybackEngine& m_engine;
+};
+
+struct EngineRig {
+    EngineRig() {
+        engine.Connect(queue, position);
+        engine.SetTagStripper([this](std::u16string_view path) {
+            factory.Strip(ToUtf8(DeviceNameOf(path)));
+            return true;
+        });
+    }
+
+    // Creates music files on the card and puts them in the queue.
+    void AddTracks(std::initializer_list<std::u16string_view> names) {
+        for (auto name : names) {
+            std::u16string path = u"\\Storage Card\\Music\\" + std::u16string(name);
+            device.WriteFile(path, "audio");
+            queue.paths.push_back(path);
+        }
+    }
+    std::u16string Path(int index) const { return queue.paths[index]; }
+
+    TestDevice device;
+    FakeMediaGraphFactory factory;
+    RecordingPlayerView view;
+    GraphSlots slots;
+    PlayerButtons buttons{view};
+    PlayerVolume volume{slots, view};
+    PlaybackEngine engine{factory, slots, volume, buttons, view};
+    PlayerPosition position{slots, engine, view};
+    ScriptedQueue queue{engine};
+};
+
+} // namespace zelvor::testing

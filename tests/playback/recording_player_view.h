@@ -1,0 +1,58 @@
+#pragma once
+// A PlayerView that records what the core asked of the screen. Text widths
+// are 6 pixels a character, the title area 120 pixels unless changed.
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "playback/player_view.h"
+
+namespace zelvor::testing {
+
+class RecordingPlayerView : public PlayerView {
+public:
+    void InvalidateButton(int button) override { repaintedButtons.push_back(button); }
+    void InvalidateSeekThumb() override { ++thumbRepaints; }
+    void InvalidateTimeDisplay() override { ++timeRepaints; }
+    void InvalidateRemainingMarker() override { ++markerRepaints; }
+    void InvalidateVolume() override { ++volumeRepaints; }
+    void InvalidateAll(bool erase) override { erase ? ++erasedRepaints : ++fullRepaints; }
+    void UpdateNow() override { ++updates; }
+    void TrackTextsChanged() override { ++trackTextChanges; }
+    void PlayStateChanged(std::int32_t state) override { states.push_back(state); }
+    void Beep() override { ++beeps; }
+    void FocusPlayer() override { ++focusRequests; }
+    void SetWaitCursor(bool on) override { waitCursor.push_back(on); }
+    int MeasureTitleText(std::u16string_view text) override {
+        return static_cast<int>(text.size()) * 6;
+    }
+    int TitleAreaWidth() override { return titleAreaWidth; }
+    void StartTimer(int id, int periodMs) override {
+        timers[id] = periodMs;
+        timerStarts.push_back(id);
+    }
+    void StopTimer(int id) override { timers.erase(id); }
+    bool TimerRunning(int id) override { return timers.count(id) > 0; }
+    void SetMouseCapture(bool captured) override { mouseCaptured = captured; }
+
+    std::vector<int> repaintedButtons;
+    std::vector<std::int32_t> states;
+    std::vector<bool> waitCursor;
+    std::map<int, int> timers; // running timers: id -> period
+    std::vector<int> timerStarts;
+    int thumbRepaints = 0;
+    int timeRepaints = 0;
+    int markerRepaints = 0;
+    int volumeRepaints = 0;
+    int fullRepaints = 0;
+    int erasedRepaints = 0;
+    int updates = 0;
+    int trackTextChanges = 0;
+    int beeps = 0;
+    int focusRequests = 0;
+    int titleAreaWidth = 120;
+    bool mouseCaptured = false;
+};
+
+} // namespace zelvor::testing
