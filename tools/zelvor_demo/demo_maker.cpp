@@ -1,0 +1,276 @@
+#include "tools/zelvor_demo/demo_maker.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <vector>
+
+#include <stdlib.h>
+
+#include "platform/device.h"
+#include "platform/text.h"
+#include "tools/zelvor_demo/device_output.h"
+#include "tools/zelvor_demo/encoding.h"
+#include "tools/zelvor_demo/manifest.h"
+#include "tools/zelvor_demo/ombrel_file.h"
+#include "tools/zelvor_demo/process_runner.h"
+
+namespace zelvor::demo {
+namespace {
+namespace fs = std::filesystem;
+
+struct Chime {
+    std::u16string_view name;
+    double firstHz;
+    double secondHz;
+};
+
+// A falling fourth for a deleted song, a rising third for a new favourite.
+constexpr std::array kChimes{
+    Chime{u"DeleteSong.wav", 880.0, 659.26},
+    Chime{u"MyFavorite.wav", 1046.5, 1318.51},
+};
+constexpr std::u16string_view kWindowsFolder = u"\\Windows";
+constexpr std::array<const char*, 4> kSkinFiles{"ZelvorBlue.rcc", "ZelvorRed.rcc",
+                                                "ZelvorOrange.rcc", "ZelvorGreen.rcc"};
+constexpr std::u16string_view kSdmmcKey = u"System\\StorageManager\\Profiles\\SDMMC";
+
+// A private work folder for the encoder's output, removed with everything in it.
+class ScratchFolder {
+public:
+    bool Create() {
+        std::error_code ec;
+        std::string pattern = (fs::temp_directory_path(ec) / "zelvor-demo-XXXXXX").string();
+        if (ec || ::mkdtemp(pattern.data()) == nullptr)
+            return false;
+        m_path = pattern;
+        return true;
+    }
+    ~ScratchFolder() {
+        std::error_code ec;
+        if (!m_path.empty())
+            fs::remove_all(m_path, ec);
+    }
+    const fs::path& Path() const { return m_path; }
+
+private:
+    fs::path m_path;
+};
+
+// Removes a root this run made unless Keep() was called.
+class RootGuard {
+public:
+    explicit RootGuard(fs::path root) : m_root(std::move(root)) {}
+    ~RootGuard() {
+        std::error_code ec;
+        if (!m_keep)
+            fs::remove_all(m_root, ec);
+    }
+    void Keep() { m_keep = true; }
+
+private:
+    fs::path m_root;
+    bool m_keep = false;
+};
+
+bool Fail(std::string* error, std::string reason) {
+    if (error)
+        *error = std::move(reason);
+    return false;
+}
+
+std::optional<Bytes> ReadHostFile(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in)
+        return std::nullopt;
+    std::vector<char> chars((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    if (in.bad())
+        return std::nullopt;
+    Bytes bytes(chars.size());
+    std::transform(chars.begin(), chars.end(), bytes.begin(),
+                   [](char c) { return static_cast<std::byte>(c); });
+    return bytes;
+}
+
+bool LooksLikeDeviceRoot(const fs::path& root) {
+    std::error_code ec;
+    return fs::exists(root / "demo-manifest.jsonl", ec) ||
+           (fs::is_directory(root / "Storage Card", ec) && fs::is_directory(root / "Flash Disk", ec));
+}
+
+// Decides what may happen to an existing root before any work is done.
+bool CheckRoot(const DemoOptions& options, std::string* error) {
+    std::error_code ec;
+    const fs::path& root = options.root;
+    if (!fs::exists(root, ec))
+        return true;
+    if (!fs::is_directory(root, ec))
+        return Fail(error, root.string() + " exists and is not a folder");
+    bool empty = fs::is_empty(root, ec);
+    if (empty)
+        return true;
+    if (!options.force)
+        return Fail(error, root.string() + " already exists; use --force to remove and remake it");
+    if (!LooksLikeDeviceRoot(root))
+        return Fail(error, "refusing to remove " + root.string() +
+                               ": it does not look like a device root");
+    return true;
+}
+
+fs::path ScratchFile(const fs::path& scratch, std::size_t index) {
+    char name[32];
+    std::snprintf(name, sizeof name, "file-%03zu.out", index);
+    return scratch / name;
+}
+
+bool EncodeAll(const std::vector<DemoFile>& files, const fs::path& ffmpeg, const fs::path& scratch,
+               int parallel, std::string* error) {
+    std::vector<ProcessJob> jobs;
+    std::vector<std::u16string> names; // what each job makes, for messages
+    // The long files go first so that the short ones fill the other slots
+    // while they encode.
+    for (bool longPass : {true, false}) {
+        for (std::size_t i = 0; i < files.size(); ++i) {
+            if (!NeedsEncoder(files[i].kind) || (files[i].kind == FileKind::AacLong) != longPass)
+                continue;
+            fs::path out = ScratchFile(scratch, i);
+            jobs.push_back({EncodeCommand(files[i], ffmpeg, out), fs::path(out).concat(".log")});
+            names.push_back(files[i].path);
+        }
+    }
+    for (std::size_t i = 0; i < kChimes.size(); ++i) {
+        fs::path out = ScratchFile(scratch, files.size() + i);
+        jobs.push_back({ChimeCommand(kChimes[i].firstHz, kChimes[i].secondHz, ffmpeg, out),
+                        fs::path(out).concat(".log")});
+        names.push_back(JoinDevicePath(kWindowsFolder, kChimes[i].name));
+    }
+    if (auto failure = RunProcesses(jobs, parallel))
+        return Fail(error, "ffmpeg failed on " + ToUtf8(names[failure->job]) + ": " +
+                               failure->reason);
+    return true;
+}
+
+bool WriteCollection(DeviceFileSystem& fs, const std::vector<DemoFile>& files,
+                     const fs::path& scratch, std::string* error) {
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        const DemoFile& file = files[i];
+        std::optional<Bytes> bytes;
+        if (NeedsEncoder(file.kind)) {
+            auto encoded = ReadHostFile(ScratchFile(scratch, i));
+            if (!encoded || encoded->empty())
+                return Fail(error, "ffmpeg wrote nothing for " + ToUtf8(file.path));
+            bytes = FinishFile(file, std::move(*encoded));
+            if (!bytes)
+                return Fail(error, "a tag value does not fit its field in " + ToUtf8(file.path));
+        } else {
+            bytes = NotesText();
+        }
+        if (!WriteDeviceFile(fs, file.path, *bytes))
+            return Fail(error, "cannot write " + ToUtf8(file.path));
+        if (file.hidden && !fs.SetAttributes(file.path, kAttrHidden | kAttrArchive))
+            return Fail(error, "cannot set the hidden attribute of " + ToUtf8(file.path) +
+                                   " (does the file system keep extended attributes?)");
+    }
+    for (const std::u16string& folder : DemoEmptyFolders()) {
+        if (!CreateDeviceFolders(fs, folder))
+            return Fail(error, "cannot create " + ToUtf8(folder));
+    }
+    return true;
+}
+
+bool WriteSounds(DeviceFileSystem& fs, std::size_t firstScratch, const fs::path& scratch,
+                 std::string* error) {
+    for (std::size_t i = 0; i < kChimes.size(); ++i) {
+        std::u16string path = JoinDevicePath(kWindowsFolder, kChimes[i].name);
+        auto bytes = ReadHostFile(ScratchFile(scratch, firstScratch + i));
+        if (!bytes || bytes->empty() || !WriteDeviceFile(fs, path, *bytes))
+            return Fail(error, "cannot write " + ToUtf8(path));
+    }
+    return true;
+}
+
+bool WriteShellSettings(Device& device, std::string* error) {
+    auto text = BuildOmbrelText();
+    std::u16string path = JoinDevicePath(device.ProgramDirectory(), kOmbrelFileName);
+    if (!text)
+        return Fail(error, "a translation does not fit the text file");
+    if (!WriteDeviceFile(device.FileSystem(), path, *text))
+        return Fail(error, "cannot write " + ToUtf8(path));
+
+    RegistryStore& registry = device.Registry();
+    registry.SetDword(RegistryRoot::LocalMachine, u"OMBREL", u"Language", 0);
+    registry.SetDword(RegistryRoot::LocalMachine, u"OMBREL", u"GUI Color", 0);
+    registry.SetString(RegistryRoot::LocalMachine, kSdmmcKey, u"Folder", u"Storage Card");
+    if (!registry.Flush(RegistryRoot::LocalMachine))
+        return Fail(error, "cannot write the registry hive " +
+                               registry.HivePath(RegistryRoot::LocalMachine).string());
+    return true;
+}
+
+// The skins are built by another target; copy those that exist.
+bool CopySkins(Device& device, const std::optional<fs::path>& folder, std::string* error) {
+    if (!folder)
+        return true;
+    for (const char* name : kSkinFiles) {
+        std::error_code ec;
+        fs::path source = *folder / name;
+        if (!fs::is_regular_file(source, ec))
+            continue;
+        std::u16string target = JoinDevicePath(device.ProgramDirectory(), FromUtf8(name));
+        auto bytes = ReadHostFile(source);
+        if (!bytes)
+            return Fail(error, "cannot read " + source.string());
+        if (!WriteDeviceFile(device.FileSystem(), target, *bytes))
+            return Fail(error, "cannot write " + ToUtf8(target));
+    }
+    return true;
+}
+
+bool WriteManifest(DeviceFileSystem& fs, const std::vector<DemoFile>& files, std::string* error) {
+    std::string text;
+    for (const DemoFile& file : files)
+        text += ManifestLine(file);
+    auto bytes = std::as_bytes(std::span(text.data(), text.size()));
+    if (!fs.ReplaceFile(kManifestPath, bytes))
+        return Fail(error, "cannot write " + ToUtf8(kManifestPath));
+    return true;
+}
+
+} // namespace
+
+bool MakeDemoDevice(const DemoOptions& options, std::string* error) {
+    if (!CheckRoot(options, error))
+        return false;
+    auto ffmpeg = FindProgram("ffmpeg");
+    if (!ffmpeg)
+        return Fail(error, "ffmpeg not found in PATH; install it (Debian package ffmpeg)");
+
+    std::vector<DemoFile> files = DemoCollection();
+    ScratchFolder scratch;
+    if (!scratch.Create())
+        return Fail(error, "cannot create a work folder in " + fs::temp_directory_path().string());
+    if (!EncodeAll(files, *ffmpeg, scratch.Path(), options.parallelJobs, error))
+        return false;
+
+    std::error_code ec;
+    fs::remove_all(options.root, ec); // checked above: absent, empty, or a device root with force
+    if (ec)
+        return Fail(error, "cannot remove " + options.root.string() + ": " + ec.message());
+    RootGuard guard(options.root);
+    std::string openError;
+    std::unique_ptr<Device> device = Device::Open({options.root}, &openError);
+    if (!device)
+        return Fail(error, openError);
+    DeviceFileSystem& fs = device->FileSystem();
+    if (!WriteCollection(fs, files, scratch.Path(), error) ||
+        !WriteSounds(fs, files.size(), scratch.Path(), error) ||
+        !WriteShellSettings(*device, error) || !CopySkins(*device, options.skins, error) ||
+        !WriteManifest(fs, files, error))
+        return false;
+    guard.Keep();
+    return true;
+}
+
+} // namespace zelvor::demo

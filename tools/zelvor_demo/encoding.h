@@ -1,0 +1,39 @@
+#pragma once
+// How each demo file is made: the ffmpeg command that encodes its sound (or
+// draws its picture) into a work file, and the hand-built tags added around
+// what the encoder wrote.
+//
+// Every command asks for bit-exact output and drops all metadata before
+// adding the file's own, so a run gives the same bytes as the last one.
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tools/zelvor_demo/demo_catalog.h"
+#include "tools/zelvor_demo/id3_builder.h"
+
+namespace zelvor::demo {
+
+// False for files written without an encoder (notes.txt).
+bool NeedsEncoder(FileKind kind);
+
+std::vector<std::string> EncodeCommand(const DemoFile& file, const std::filesystem::path& ffmpeg,
+                                       const std::filesystem::path& output);
+
+// A 16-bit PCM wave file with a two-note chime (Hz), shorter than half a second.
+std::vector<std::string> ChimeCommand(double firstHz, double secondHz,
+                                      const std::filesystem::path& ffmpeg,
+                                      const std::filesystem::path& output);
+
+// The file's final bytes from what the encoder wrote: ID3v2.2 put in front of
+// an untagged MP3 stream, an ID3v1.1 tag where ffmpeg's own would hold UTF-8,
+// ID3v2.3 and ID3v1.1 around a tagged ADTS stream. nullopt when a tag value
+// does not fit its field.
+std::optional<Bytes> FinishFile(const DemoFile& file, Bytes encoded);
+
+// The text of notes.txt (UTF-8).
+Bytes NotesText();
+
+} // namespace zelvor::demo
