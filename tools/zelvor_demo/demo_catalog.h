@@ -5,11 +5,11 @@
 // out (a hidden file, a file in a dot-folder, a .m4a file, non-music files)
 // and an empty folder.
 
+#include "tools/zelvor_demo/tag_fields.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "tools/zelvor_demo/tag_fields.h"
 
 namespace zelvor::demo {
 
@@ -23,6 +23,7 @@ enum class FileKind {
     M4a,          // AAC in an MP4 (iPod) container
     CoverJpeg,    // a small picture
     NotesText,    // a UTF-8 text file
+    ProgramFile,  // written by the maker into the program directory (Ombrel.txt, skins)
 };
 
 enum class TagStyle {
@@ -30,23 +31,24 @@ enum class TagStyle {
     Id3v23,    // ID3v2.3 at the start
     Id3v23V11, // ID3v2.3 at the start and ID3v1.1 at the end
     Id3v24,
-    Id3v22,    // hand-built: ffmpeg cannot write it
-    Asf,       // content description and extended content descriptors
-    Mp4,       // iTunes-style atoms
+    Id3v22, // hand-built: ffmpeg cannot write it
+    Asf,    // content description and extended content descriptors
+    Mp4,    // iTunes-style atoms
 };
 
 struct DemoFile {
-    std::u16string path;  // device path
+    std::u16string path; // device path
     FileKind kind = FileKind::Mp3Stereo128;
     TagStyle tags = TagStyle::None;
-    TagFields fields;     // what the tags hold; all empty without tags
-    int seconds = 0;      // length of the audio, 0 for other files
-    unsigned seed = 0;    // picks the tune
-    bool hidden = false;  // gets the hidden attribute
+    TagFields fields;          // what the tags hold; all empty without tags
+    int seconds = 0;           // length of the audio, 0 for other files
+    unsigned seed = 0;         // picks the tune
+    bool hidden = false;       // gets the hidden attribute
     std::string_view excluded; // why a library scan leaves it out; empty when it is music
 };
 
-// Every file of the collection, in the order they are written.
+// Every file of the collection, in the order they are written. Files of the
+// program directory are added by the maker as it writes them.
 std::vector<DemoFile> DemoCollection();
 
 // Folders made without anything in them.

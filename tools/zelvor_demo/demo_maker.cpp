@@ -1,14 +1,5 @@
 #include "tools/zelvor_demo/demo_maker.h"
 
-#include <algorithm>
-#include <array>
-#include <cstdio>
-#include <fstream>
-#include <iterator>
-#include <vector>
-
-#include <stdlib.h>
-
 #include "platform/device.h"
 #include "platform/text.h"
 #include "tools/zelvor_demo/device_output.h"
@@ -16,6 +7,14 @@
 #include "tools/zelvor_demo/manifest.h"
 #include "tools/zelvor_demo/ombrel_file.h"
 #include "tools/zelvor_demo/process_runner.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <stdlib.h>
+#include <vector>
 
 namespace zelvor::demo {
 namespace {
@@ -97,7 +96,8 @@ std::optional<Bytes> ReadHostFile(const fs::path& path) {
 bool LooksLikeDeviceRoot(const fs::path& root) {
     std::error_code ec;
     return fs::exists(root / "demo-manifest.jsonl", ec) ||
-           (fs::is_directory(root / "Storage Card", ec) && fs::is_directory(root / "Flash Disk", ec));
+           (fs::is_directory(root / "Storage Card", ec) &&
+            fs::is_directory(root / "Flash Disk", ec));
 }
 
 // Decides what may happen to an existing root before any work is done.
@@ -125,30 +125,54 @@ fs::path ScratchFile(const fs::path& scratch, std::size_t index) {
     return scratch / name;
 }
 
+struct EncodeRun {
+    std::u16string name; // the folder or file it makes, for messages
+    std::vector<EncodeTarget> targets;
+};
+
+// The files of one folder share an ffmpeg run. Each long file has a run of
+// its own, and those go first, so that they encode beside the short ones
+// rather than last and alone.
+std::vector<EncodeRun> PlanRuns(const std::vector<DemoFile>& files, const fs::path& scratch) {
+    std::vector<EncodeRun> longRuns, runs;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        const DemoFile& file = files[i];
+        if (!NeedsEncoder(file.kind))
+            continue;
+        if (file.kind == FileKind::AacLong) {
+            longRuns.push_back({file.path, {TargetFor(file, ScratchFile(scratch, i), "o0")}});
+            continue;
+        }
+        std::u16string folder(DeviceFolderOf(file.path));
+        auto run = std::find_if(runs.begin(), runs.end(),
+                                [&](const EncodeRun& r) { return r.name == folder; });
+        if (run == runs.end())
+            run = runs.insert(runs.end(), EncodeRun{folder, {}});
+        run->targets.push_back(
+            TargetFor(file, ScratchFile(scratch, i), "o" + std::to_string(run->targets.size())));
+    }
+    EncodeRun chimes{std::u16string(kWindowsFolder), {}};
+    for (std::size_t i = 0; i < kChimes.size(); ++i) {
+        chimes.targets.push_back(ChimeTarget(kChimes[i].firstHz, kChimes[i].secondHz,
+                                             ScratchFile(scratch, files.size() + i),
+                                             "o" + std::to_string(i)));
+    }
+    runs.push_back(std::move(chimes));
+    longRuns.insert(longRuns.end(), runs.begin(), runs.end());
+    return longRuns;
+}
+
 bool EncodeAll(const std::vector<DemoFile>& files, const fs::path& ffmpeg, const fs::path& scratch,
                int parallel, std::string* error) {
+    std::vector<EncodeRun> runs = PlanRuns(files, scratch);
     std::vector<ProcessJob> jobs;
-    std::vector<std::u16string> names; // what each job makes, for messages
-    // The long files go first so that the short ones fill the other slots
-    // while they encode.
-    for (bool longPass : {true, false}) {
-        for (std::size_t i = 0; i < files.size(); ++i) {
-            if (!NeedsEncoder(files[i].kind) || (files[i].kind == FileKind::AacLong) != longPass)
-                continue;
-            fs::path out = ScratchFile(scratch, i);
-            jobs.push_back({EncodeCommand(files[i], ffmpeg, out), fs::path(out).concat(".log")});
-            names.push_back(files[i].path);
-        }
-    }
-    for (std::size_t i = 0; i < kChimes.size(); ++i) {
-        fs::path out = ScratchFile(scratch, files.size() + i);
-        jobs.push_back({ChimeCommand(kChimes[i].firstHz, kChimes[i].secondHz, ffmpeg, out),
-                        fs::path(out).concat(".log")});
-        names.push_back(JoinDevicePath(kWindowsFolder, kChimes[i].name));
+    for (std::size_t i = 0; i < runs.size(); ++i) {
+        jobs.push_back({EncodeCommand(ffmpeg, runs[i].targets),
+                        scratch / ("run-" + std::to_string(i) + ".log")});
     }
     if (auto failure = RunProcesses(jobs, parallel))
-        return Fail(error, "ffmpeg failed on " + ToUtf8(names[failure->job]) + ": " +
-                               failure->reason);
+        return Fail(error,
+                    "ffmpeg failed on " + ToUtf8(runs[failure->job].name) + ": " + failure->reason);
     return true;
 }
 
@@ -191,13 +215,24 @@ bool WriteSounds(DeviceFileSystem& fs, std::size_t firstScratch, const fs::path&
     return true;
 }
 
-bool WriteShellSettings(Device& device, std::string* error) {
+// The program directory lies on the flash disk, a storage folder, so the
+// manifest lists what the maker puts there too.
+DemoFile ProgramFileEntry(std::u16string path) {
+    DemoFile file;
+    file.path = std::move(path);
+    file.kind = FileKind::ProgramFile;
+    file.excluded = "not-music";
+    return file;
+}
+
+bool WriteShellSettings(Device& device, std::vector<DemoFile>& written, std::string* error) {
     auto text = BuildOmbrelText();
     std::u16string path = JoinDevicePath(device.ProgramDirectory(), kOmbrelFileName);
     if (!text)
         return Fail(error, "a translation does not fit the text file");
     if (!WriteDeviceFile(device.FileSystem(), path, *text))
         return Fail(error, "cannot write " + ToUtf8(path));
+    written.push_back(ProgramFileEntry(path));
 
     RegistryStore& registry = device.Registry();
     registry.SetDword(RegistryRoot::LocalMachine, u"OMBREL", u"Language", 0);
@@ -210,7 +245,8 @@ bool WriteShellSettings(Device& device, std::string* error) {
 }
 
 // The skins are built by another target; copy those that exist.
-bool CopySkins(Device& device, const std::optional<fs::path>& folder, std::string* error) {
+bool CopySkins(Device& device, const std::optional<fs::path>& folder,
+               std::vector<DemoFile>& written, std::string* error) {
     if (!folder)
         return true;
     for (const char* name : kSkinFiles) {
@@ -224,6 +260,7 @@ bool CopySkins(Device& device, const std::optional<fs::path>& folder, std::strin
             return Fail(error, "cannot read " + source.string());
         if (!WriteDeviceFile(device.FileSystem(), target, *bytes))
             return Fail(error, "cannot write " + ToUtf8(target));
+        written.push_back(ProgramFileEntry(target));
     }
     return true;
 }
@@ -264,10 +301,11 @@ bool MakeDemoDevice(const DemoOptions& options, std::string* error) {
     if (!device)
         return Fail(error, openError);
     DeviceFileSystem& fs = device->FileSystem();
+    std::size_t collectionSize = files.size();
     if (!WriteCollection(fs, files, scratch.Path(), error) ||
-        !WriteSounds(fs, files.size(), scratch.Path(), error) ||
-        !WriteShellSettings(*device, error) || !CopySkins(*device, options.skins, error) ||
-        !WriteManifest(fs, files, error))
+        !WriteSounds(fs, collectionSize, scratch.Path(), error) ||
+        !WriteShellSettings(*device, files, error) ||
+        !CopySkins(*device, options.skins, files, error) || !WriteManifest(fs, files, error))
         return false;
     guard.Keep();
     return true;

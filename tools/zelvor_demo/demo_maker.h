@@ -13,8 +13,8 @@ namespace zelvor::demo {
 struct DemoOptions {
     std::filesystem::path root;                 // the device root to make
     std::optional<std::filesystem::path> skins; // folder with Zelvor*.rcc, if any
-    bool force = false;   // remove an existing device root first
-    int parallelJobs = 2; // ffmpeg processes at once
+    bool force = false;                         // remove an existing device root first
+    int parallelJobs = 2;                       // ffmpeg processes at once
 };
 
 // True when the device was made. Otherwise *error holds one line saying why.

@@ -2,11 +2,11 @@
 // Writing the demo's files through the device's file system, so that paths
 // take the same route (case-insensitive lookup, bindings) as the player's.
 
+#include "platform/device_fs.h"
+
 #include <cstddef>
 #include <span>
 #include <string_view>
-
-#include "platform/device_fs.h"
 
 namespace zelvor::demo {
 

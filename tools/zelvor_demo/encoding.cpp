@@ -41,6 +41,25 @@ bool EncoderWritesTags(const DemoFile& file) {
     return file.tags == TagStyle::Asf || file.tags == TagStyle::Mp4;
 }
 
+// The fixed frame size of each encoder, in samples per channel.
+int EncoderFrameSamples(FileKind kind) {
+    switch (kind) {
+    case FileKind::Mp3Stereo128:
+    case FileKind::Mp3Stereo320:
+        return 1152; // MPEG-1 Layer III
+    case FileKind::Mp3Mono22k:
+        return 576; // MPEG-2 Layer III
+    case FileKind::Wma:
+        return 2048;
+    case FileKind::Aac:
+    case FileKind::AacLong:
+    case FileKind::M4a:
+        return 1024;
+    default:
+        return 0;
+    }
+}
+
 void AddMetadata(const DemoFile& file, std::vector<std::string>& args) {
     const TagFields& f = file.fields;
     auto add = [&args](const std::string& key, std::u16string_view value) {
@@ -60,6 +79,10 @@ void AddMetadata(const DemoFile& file, std::vector<std::string>& args) {
     add(file.kind == FileKind::Wma ? "WM/Year" : "date", f.year);
 }
 
+// The fast coder: the default one searches for minutes over pure tones.
+constexpr std::initializer_list<const char*> kAacEncoder{
+    "-ar", "44100", "-ac", "2", "-c:a", "aac", "-b:a", "128k", "-aac_coder", "fast"};
+
 void AddCodec(const DemoFile& file, std::vector<std::string>& args) {
     auto add = [&args](std::initializer_list<const char*> items) {
         args.insert(args.end(), items.begin(), items.end());
@@ -78,34 +101,30 @@ void AddCodec(const DemoFile& file, std::vector<std::string>& args) {
         add({"-ar", "44100", "-ac", "2", "-c:a", "wmav2", "-b:a", "128k", "-f", "asf"});
         break;
     case FileKind::Aac:
-    case FileKind::AacLong: // the fast coder is many times quicker on pure tones
-        add({"-ar", "44100", "-ac", "2", "-c:a", "aac", "-aac_coder", "fast", "-b:a", "128k",
-             "-f", "adts"});
+    case FileKind::AacLong:
+        add(kAacEncoder);
+        add({"-f", "adts"});
         break;
     case FileKind::M4a:
-        add({"-ar", "44100", "-ac", "2", "-c:a", "aac", "-aac_coder", "fast", "-b:a", "128k",
-             "-f", "ipod"});
+        add(kAacEncoder);
+        add({"-f", "ipod"});
         break;
     case FileKind::CoverJpeg:
-        add({"-frames:v", "1", "-c:v", "mjpeg", "-flags:v", "+bitexact", "-update", "1",
-             "-f", "image2"});
+        add({"-frames:v", "1", "-c:v", "mjpeg", "-flags:v", "+bitexact", "-update", "1", "-f",
+             "image2"});
         break;
     case FileKind::NotesText:
+    case FileKind::ProgramFile:
         break;
     }
     if (IsMp3(file.kind)) {
         const char* version = file.tags == TagStyle::Id3v23 || file.tags == TagStyle::Id3v23V11
                                   ? "3"
-                                  : file.tags == TagStyle::Id3v24 ? "4" : "0";
-        add({"-id3v2_version", version, "-write_id3v1", EncoderWritesId3v1(file) ? "1" : "0",
-             "-f", "mp3"});
+                              : file.tags == TagStyle::Id3v24 ? "4"
+                                                              : "0";
+        add({"-id3v2_version", version, "-write_id3v1", EncoderWritesId3v1(file) ? "1" : "0", "-f",
+             "mp3"});
     }
-}
-
-std::vector<std::string> CommandStart(const std::filesystem::path& ffmpeg, std::string graph) {
-    return {ffmpeg.string(), "-nostdin", "-hide_banner", "-loglevel", "error", "-y",
-            "-filter_complex", std::move(graph), "-map", "[out]", "-map_metadata", "-1",
-            "-fflags", "+bitexact"};
 }
 
 void Append(Bytes& out, const Bytes& more) {
@@ -115,35 +134,53 @@ void Append(Bytes& out, const Bytes& more) {
 } // namespace
 
 bool NeedsEncoder(FileKind kind) {
-    return kind != FileKind::NotesText;
+    return kind != FileKind::NotesText && kind != FileKind::ProgramFile;
 }
 
-std::vector<std::string> EncodeCommand(const DemoFile& file, const std::filesystem::path& ffmpeg,
-                                       const std::filesystem::path& output) {
-    std::string graph;
+EncodeTarget TargetFor(const DemoFile& file, const std::filesystem::path& output,
+                       const std::string& label) {
+    EncodeTarget target;
+    target.label = label;
+    target.output = output;
     if (file.kind == FileKind::CoverJpeg) {
-        graph = CoverGraph(file.seed);
+        target.graph = CoverGraph(file.seed, label);
     } else {
         bool mono = file.kind == FileKind::Mp3Mono22k;
-        graph = MelodyGraph({file.seed, file.seconds, mono ? 22050 : 44100,
-                             file.kind == FileKind::AacLong});
+        bool aac = IsAdts(file.kind) || file.kind == FileKind::M4a;
+        target.graph = MelodyGraph(
+            {file.seed, file.seconds, mono ? 22050 : 44100, aac, EncoderFrameSamples(file.kind)},
+            label);
+        target.options = {"-flags:a", "+bitexact"};
     }
-    std::vector<std::string> args = CommandStart(ffmpeg, std::move(graph));
-    if (IsAudio(file.kind))
-        args.insert(args.end(), {"-flags:a", "+bitexact"});
     if (EncoderWritesTags(file))
-        AddMetadata(file, args);
-    AddCodec(file, args);
-    args.push_back(output.string());
-    return args;
+        AddMetadata(file, target.options);
+    AddCodec(file, target.options);
+    return target;
 }
 
-std::vector<std::string> ChimeCommand(double firstHz, double secondHz,
-                                      const std::filesystem::path& ffmpeg,
-                                      const std::filesystem::path& output) {
-    std::vector<std::string> args = CommandStart(ffmpeg, ChimeGraph(firstHz, secondHz, 22050));
-    args.insert(args.end(), {"-flags:a", "+bitexact", "-c:a", "pcm_s16le", "-f", "wav",
-                             output.string()});
+EncodeTarget ChimeTarget(double firstHz, double secondHz, const std::filesystem::path& output,
+                         const std::string& label) {
+    return {ChimeGraph(firstHz, secondHz, 22050, label),
+            label,
+            {"-flags:a", "+bitexact", "-c:a", "pcm_s16le", "-f", "wav"},
+            output};
+}
+
+std::vector<std::string> EncodeCommand(const std::filesystem::path& ffmpeg,
+                                       const std::vector<EncodeTarget>& targets) {
+    std::vector<std::string> args{ffmpeg.string(), "-nostdin", "-hide_banner",   "-loglevel",
+                                  "error",         "-y",       "-filter_complex"};
+    std::string graphs;
+    for (const EncodeTarget& target : targets)
+        graphs += (graphs.empty() ? "" : ";") + target.graph;
+    args.push_back(graphs);
+    for (const EncodeTarget& target : targets) {
+        // Options before a file name belong to that file alone.
+        args.insert(args.end(), {"-map", "[" + target.label + "]", "-map_metadata", "-1", "-fflags",
+                                 "+bitexact"});
+        args.insert(args.end(), target.options.begin(), target.options.end());
+        args.push_back(target.output.string());
+    }
     return args;
 }
 

@@ -14,9 +14,9 @@ struct GenreNumber {
 
 // The ID3v1 numbers of the genres the demo collection uses.
 constexpr std::array kGenreNumbers{
-    GenreNumber{u"Country", 2},     GenreNumber{u"Jazz", 8},       GenreNumber{u"Pop", 13},
-    GenreNumber{u"Rock", 17},       GenreNumber{u"Ambient", 26},   GenreNumber{u"Classical", 32},
-    GenreNumber{u"Electronic", 52}, GenreNumber{u"Folk", 80},      GenreNumber{u"Latin", 86},
+    GenreNumber{u"Country", 2},     GenreNumber{u"Jazz", 8},     GenreNumber{u"Pop", 13},
+    GenreNumber{u"Rock", 17},       GenreNumber{u"Ambient", 26}, GenreNumber{u"Classical", 32},
+    GenreNumber{u"Electronic", 52}, GenreNumber{u"Folk", 80},    GenreNumber{u"Latin", 86},
     GenreNumber{u"Speech", 101},
 };
 

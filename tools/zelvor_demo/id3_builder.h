@@ -10,14 +10,14 @@
 // A builder refuses (nullopt) a value that does not fit its field instead of
 // cutting it: the manifest must describe every tag exactly.
 
+#include "tools/zelvor_demo/tag_fields.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "tools/zelvor_demo/tag_fields.h"
 
 namespace zelvor::demo {
 

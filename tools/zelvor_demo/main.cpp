@@ -4,11 +4,11 @@
 //
 // Exit status: 0 made, 1 failed (one line on standard error), 2 bad usage.
 
+#include "tools/zelvor_demo/demo_maker.h"
+
 #include <cstdio>
 #include <string>
 #include <string_view>
-
-#include "tools/zelvor_demo/demo_maker.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "tools/zelvor_demo/manifest.h"
 
-#include <cstdio>
-
 #include "platform/text.h"
+
+#include <cstdio>
 
 namespace zelvor::demo {
 
@@ -11,11 +11,21 @@ std::string JsonString(std::string_view utf8) {
     for (char c : utf8) {
         auto byte = static_cast<unsigned char>(c);
         switch (c) {
-        case '"': out += "\\\""; break;
-        case '\\': out += "\\\\"; break;
-        case '\n': out += "\\n"; break;
-        case '\r': out += "\\r"; break;
-        case '\t': out += "\\t"; break;
+        case '"':
+            out += "\\\"";
+            break;
+        case '\\':
+            out += "\\\\";
+            break;
+        case '\n':
+            out += "\\n";
+            break;
+        case '\r':
+            out += "\\r";
+            break;
+        case '\t':
+            out += "\\t";
+            break;
         default:
             if (byte < 0x20) {
                 char escaped[8];
@@ -43,7 +53,8 @@ std::string ManifestLine(const DemoFile& file) {
     line += ",\"year\":" + text(f.year);
     line += ",\"seconds\":" + std::to_string(file.seconds);
     line += std::string(",\"hidden\":") + (file.hidden ? "true" : "false");
-    line += ",\"excluded\":" + (file.excluded.empty() ? std::string("null") : JsonString(file.excluded));
+    line += ",\"excluded\":" +
+            (file.excluded.empty() ? std::string("null") : JsonString(file.excluded));
     return line + "}\n";
 }
 

@@ -12,10 +12,10 @@
 // scan must list, otherwise why it must not: "hidden", "dot-folder" or
 // "not-music".
 
+#include "tools/zelvor_demo/demo_catalog.h"
+
 #include <string>
 #include <string_view>
-
-#include "tools/zelvor_demo/demo_catalog.h"
 
 namespace zelvor::demo {
 

@@ -49,10 +49,14 @@ double NoteHz(double midiNote) {
 
 std::span<const int> ScaleOf(unsigned pick) {
     switch (pick) {
-    case 0: return kMajor;
-    case 1: return kMinor;
-    case 2: return kDorian;
-    default: return kPentatonic;
+    case 0:
+        return kMajor;
+    case 1:
+        return kMinor;
+    case 2:
+        return kDorian;
+    default:
+        return kPentatonic;
     }
 }
 
@@ -78,7 +82,7 @@ std::string FrequencyExpression(Dice& dice, int root, std::span<const int> scale
 
 } // namespace
 
-std::string MelodyGraph(const MelodySpec& spec) {
+std::string MelodyGraph(const MelodySpec& spec, const std::string& label) {
     Dice dice(spec.seed);
     int root = 55 + static_cast<int>(dice.Roll(12)); // G3 .. F#4
     std::span<const int> scale = ScaleOf(dice.Roll(4));
@@ -98,27 +102,31 @@ std::string MelodyGraph(const MelodySpec& spec) {
     // part of the expression.
     std::string setF = "st(1,mod(floor(t*" + Num(tempo) + ")," + std::to_string(kNotesPerPhrase) +
                        "));st(0," + f + ");";
-    std::string lead = "0.45*(sin(2*PI*ld(0)*t)+" + Num(overtone) + "*sin(4*PI*ld(0)*t))*" +
-                       envelope;
+    std::string lead =
+        "0.45*(sin(2*PI*ld(0)*t)+" + Num(overtone) + "*sin(4*PI*ld(0)*t))*" + envelope;
     std::string pad = "0.13*sin(2*PI*" + Num(NoteHz(root - 12)) + "*t)+0.08*sin(2*PI*" +
                       Num(NoteHz(root - 5)) + "*t)";
     std::string exprs = setF + lead + "+" + pad;
 
-    int phraseSamples = static_cast<int>(std::lround(kNotesPerPhrase * noteLength * spec.sampleRate));
+    int phraseSamples =
+        static_cast<int>(std::lround(kNotesPerPhrase * noteLength * spec.sampleRate));
     std::string rate = std::to_string(spec.sampleRate);
-    std::string graph = "aevalsrc=exprs='" + exprs + "':s=" + rate + ":d=" +
-                        Num(kNotesPerPhrase * noteLength) +
+    std::string graph = "aevalsrc=exprs='" + exprs + "':s=" + rate +
+                        ":d=" + Num(kNotesPerPhrase * noteLength) +
                         ",aloop=loop=-1:size=" + std::to_string(phraseSamples) +
                         ",atrim=duration=" + std::to_string(spec.seconds);
     std::string fade = "afade=t=out:st=" + Num(spec.seconds - 0.5) + ":d=0.5";
+    if (spec.frameSamples > 0)
+        fade += ",asetnsamples=n=" + std::to_string(spec.frameSamples) + ":p=0";
     if (!spec.hiss)
-        return graph + "," + fade + "[out]";
-    return graph + "[tune];anoisesrc=d=" + std::to_string(spec.seconds) + ":c=pink:r=" + rate +
-           ":a=0.03:seed=" + std::to_string(spec.seed + 1) +
-           "[hiss];[tune][hiss]amix=inputs=2:normalize=0," + fade + "[out]";
+        return graph + "," + fade + "[" + label + "]";
+    std::string tune = "[" + label + "tune]", hiss = "[" + label + "hiss]";
+    return graph + tune + ";anoisesrc=d=" + std::to_string(spec.seconds) + ":c=pink:r=" + rate +
+           ":a=0.03:seed=" + std::to_string(spec.seed) + hiss + ";" + tune + hiss +
+           "amix=inputs=2:normalize=0," + fade + "[" + label + "]";
 }
 
-std::string ChimeGraph(double firstHz, double secondHz, int sampleRate) {
+std::string ChimeGraph(double firstHz, double secondHz, int sampleRate, const std::string& label) {
     // The second note starts while the first still rings, as on a bell.
     constexpr double kSecondStart = 0.12;
     constexpr double kLength = 0.40;
@@ -127,16 +135,17 @@ std::string ChimeGraph(double firstHz, double secondHz, int sampleRate) {
     std::string second = "0.25*gte(t," + Num(kSecondStart) + ")*sin(2*PI*" + Num(secondHz) +
                          "*t)*exp(-10*" + later + ")*min(1," + later + "*400)";
     return "aevalsrc=exprs='" + first + "+" + second + "':s=" + std::to_string(sampleRate) +
-           ":d=" + Num(kLength) + ",afade=t=out:st=" + Num(kLength - 0.06) + ":d=0.06[out]";
+           ":d=" + Num(kLength) + ",afade=t=out:st=" + Num(kLength - 0.06) + ":d=0.06[" + label +
+           "]";
 }
 
-std::string CoverGraph(unsigned seed) {
+std::string CoverGraph(unsigned seed, const std::string& label) {
     Dice dice(seed);
     char colour[16];
-    std::snprintf(colour, sizeof colour, "0x%02X%02X%02X", 40 + dice.Roll(160),
-                  40 + dice.Roll(160), 40 + dice.Roll(160));
+    std::snprintf(colour, sizeof colour, "0x%02X%02X%02X", 40 + dice.Roll(160), 40 + dice.Roll(160),
+                  40 + dice.Roll(160));
     return std::string("color=c=") + colour +
-           ":s=96x96:d=1,drawbox=y=60:h=18:color=black@0.5:t=fill[out]";
+           ":s=96x96:d=1,drawbox=y=60:h=18:color=black@0.5:t=fill[" + label + "]";
 }
 
 } // namespace zelvor::demo

@@ -1,9 +1,9 @@
 #include "tools/zelvor_demo/ombrel_file.h"
 
+#include "res/string_table.h"
+
 #include <array>
 #include <string>
-
-#include "res/string_table.h"
 
 namespace zelvor::demo {
 namespace {
@@ -35,8 +35,8 @@ constexpr std::array kTranslations{
                 u"Ya existe una lista de reproducción llamada '%s'."},
     Translation{142, u"Umbenennen", u"Renommer", u"Cambiar nombre"},
     Translation{143, u"Löschen", u"Supprimer", u"Eliminar"},
-    Translation{144, u"Zu neuer Wiedergabeliste hinzufügen...",
-                u"Ajouter à une nouvelle liste...", u"Añadir a una lista nueva..."},
+    Translation{144, u"Zu neuer Wiedergabeliste hinzufügen...", u"Ajouter à une nouvelle liste...",
+                u"Añadir a una lista nueva..."},
     Translation{145, u"Bibliothek aktualisieren", u"Mettre à jour la bibliothèque",
                 u"Actualizar biblioteca"},
     Translation{149, u"Neue Wiedergabeliste", u"Nouvelle liste de lecture",

@@ -9,12 +9,12 @@
 // one translation per language. A translation carries the same %d and %s as
 // the English text, in the same order, since callers format it the same way.
 
+#include "tools/zelvor_demo/id3_builder.h"
+
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <string_view>
-
-#include "tools/zelvor_demo/id3_builder.h"
 
 namespace zelvor::demo {
 

@@ -3,10 +3,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <fcntl.h>
 #include <fstream>
 #include <map>
-
-#include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -79,16 +78,16 @@ std::optional<ProcessFailure> RunProcesses(std::span<const ProcessJob> jobs, int
     std::map<pid_t, std::size_t> running;
     std::optional<ProcessFailure> failure;
     std::size_t next = 0;
-    auto record = [&](std::size_t job, std::string reason) {
+    auto record = [&](std::size_t job, std::string reason, int exitStatus) {
         if (!failure || job < failure->job)
-            failure = ProcessFailure{job, std::move(reason)};
+            failure = ProcessFailure{job, std::move(reason), exitStatus};
     };
     while (next < jobs.size() || !running.empty()) {
         while (!failure && next < jobs.size() &&
                static_cast<int>(running.size()) < std::max(1, maxParallel)) {
             pid_t pid = Start(jobs[next]);
             if (pid < 0)
-                record(next, "cannot start " + jobs[next].argv.front());
+                record(next, "cannot start " + jobs[next].argv.front(), -1);
             else
                 running.emplace(pid, next);
             ++next;
@@ -109,7 +108,8 @@ std::optional<ProcessFailure> RunProcesses(std::span<const ProcessJob> jobs, int
         std::size_t job = it->second;
         running.erase(it);
         if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
-            record(job, DescribeEnd(status, jobs[job].log));
+            record(job, DescribeEnd(status, jobs[job].log),
+                   WIFEXITED(status) ? WEXITSTATUS(status) : -1);
     }
     return failure;
 }

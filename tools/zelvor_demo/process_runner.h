@@ -20,8 +20,9 @@ struct ProcessJob {
 };
 
 struct ProcessFailure {
-    std::size_t job = 0;  // index of the job that failed
-    std::string reason;   // one line: the log's last line, or how it ended
+    std::size_t job = 0; // index of the job that failed
+    std::string reason;  // one line: the log's last line, or how it ended
+    int exitStatus = -1; // -1 when it was not started or ended by a signal
 };
 
 // The first executable file called `name` in the folders of $PATH.
