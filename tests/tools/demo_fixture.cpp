@@ -108,9 +108,15 @@ DemoDevice& Demo() {
         auto made = std::make_unique<DemoDevice>();
         made->rootA = made->dir.Path() / "a";
         made->rootB = made->dir.Path() / "b";
-        made->runA = RunDemoTool({"make", "--root", made->rootA.string()});
+        made->skins = made->dir.Path() / "skins";
+        fs::create_directories(made->skins);
+        std::ofstream(made->skins / "ZelvorBlue.rcc", std::ios::binary) << "blue skin";
+        std::ofstream(made->skins / "ZelvorGreen.rcc", std::ios::binary) << "green skin";
+        std::string skins = made->skins.string();
+        made->runA = RunDemoTool({"make", "--root", made->rootA.string(), "--skins", skins});
         MakeStaleRoot(made->rootB);
-        made->runB = RunDemoTool({"make", "--root", made->rootB.string(), "--force"});
+        made->runB =
+            RunDemoTool({"make", "--skins", skins, "--root", made->rootB.string(), "--force"});
         std::string error;
         made->device = Device::Open({made->rootA}, &error);
         if (!made->device) {

@@ -2,7 +2,8 @@
 // The demo device the tests look at, made once per test program by the real
 // zelvor-demo (it runs ffmpeg, so it is the slow part): root "a" is made
 // fresh, root "b" over a stale device root with --force. Both must come out
-// byte for byte the same.
+// byte for byte the same. Both runs get a skins folder that holds two of the
+// four skin files.
 
 #include "platform/device.h"
 #include "tests/support/test_device.h"
@@ -38,6 +39,7 @@ struct ManifestRow {
 struct DemoDevice {
     TempDir dir;
     std::filesystem::path rootA, rootB;
+    std::filesystem::path skins; // holds ZelvorBlue.rcc and ZelvorGreen.rcc only
     ToolRun runA, runB;
     std::unique_ptr<Device> device; // opened on root a
     std::vector<ManifestRow> manifest;

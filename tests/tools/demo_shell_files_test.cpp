@@ -6,7 +6,9 @@
 #include "tests/tools/demo_fixture.h"
 #include "tests/tools/media_probe.h"
 
+#include <fstream>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <set>
 
 namespace zelvor::testing {
@@ -130,6 +132,31 @@ TEST_F(DemoShellFiles, SoundsAreShortDistinctPcmChimes) {
         EXPECT_LT(seconds, 0.5);
     }
     EXPECT_NE(sounds[0], sounds[1]);
+}
+
+TEST_F(DemoShellFiles, SkinsThatExistAreCopiedAndListed) {
+    std::set<std::u16string> programFiles;
+    for (const auto& row : Demo().manifest) {
+        if (row.path.starts_with(Dev().ProgramDirectory() + u"\\")) {
+            EXPECT_EQ(row.type, "other");
+            EXPECT_EQ(row.excluded, "not-music");
+            programFiles.insert(std::u16string(DeviceNameOf(row.path)));
+        }
+    }
+    EXPECT_EQ(programFiles,
+              (std::set<std::u16string>{u"Ombrel.txt", u"ZelvorBlue.rcc", u"ZelvorGreen.rcc"}));
+    for (const char16_t* name : {u"ZelvorBlue.rcc", u"ZelvorGreen.rcc"}) {
+        auto copied =
+            ReadDeviceFile(Dev().FileSystem(), JoinDevicePath(Dev().ProgramDirectory(), name));
+        std::ifstream in(Demo().skins / ToUtf8(name), std::ios::binary);
+        std::string original((std::istreambuf_iterator<char>(in)),
+                             std::istreambuf_iterator<char>());
+        EXPECT_EQ(std::string(reinterpret_cast<const char*>(copied.data()), copied.size()),
+                  original);
+    }
+    EXPECT_EQ(Dev().FileSystem().GetAttributes(
+                  JoinDevicePath(Dev().ProgramDirectory(), u"ZelvorRed.rcc")),
+              kInvalidAttributes);
 }
 
 } // namespace
