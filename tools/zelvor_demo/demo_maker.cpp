@@ -14,6 +14,7 @@
 #include <fstream>
 #include <iterator>
 #include <stdlib.h>
+#include <thread>
 #include <vector>
 
 namespace zelvor::demo {
@@ -176,7 +177,7 @@ bool EncodeAll(const std::vector<DemoFile>& files, const fs::path& ffmpeg, const
     return true;
 }
 
-bool WriteCollection(DeviceFileSystem& fs, const std::vector<DemoFile>& files,
+bool WriteCollection(DeviceFileSystem& deviceFs, const std::vector<DemoFile>& files,
                      const fs::path& scratch, std::string* error) {
     for (std::size_t i = 0; i < files.size(); ++i) {
         const DemoFile& file = files[i];
@@ -191,25 +192,25 @@ bool WriteCollection(DeviceFileSystem& fs, const std::vector<DemoFile>& files,
         } else {
             bytes = NotesText();
         }
-        if (!WriteDeviceFile(fs, file.path, *bytes))
+        if (!WriteDeviceFile(deviceFs, file.path, *bytes))
             return Fail(error, "cannot write " + ToUtf8(file.path));
-        if (file.hidden && !fs.SetAttributes(file.path, kAttrHidden | kAttrArchive))
+        if (file.hidden && !deviceFs.SetAttributes(file.path, kAttrHidden | kAttrArchive))
             return Fail(error, "cannot set the hidden attribute of " + ToUtf8(file.path) +
                                    " (does the file system keep extended attributes?)");
     }
     for (const std::u16string& folder : DemoEmptyFolders()) {
-        if (!CreateDeviceFolders(fs, folder))
+        if (!CreateDeviceFolders(deviceFs, folder))
             return Fail(error, "cannot create " + ToUtf8(folder));
     }
     return true;
 }
 
-bool WriteSounds(DeviceFileSystem& fs, std::size_t firstScratch, const fs::path& scratch,
+bool WriteSounds(DeviceFileSystem& deviceFs, std::size_t firstScratch, const fs::path& scratch,
                  std::string* error) {
     for (std::size_t i = 0; i < kChimes.size(); ++i) {
         std::u16string path = JoinDevicePath(kWindowsFolder, kChimes[i].name);
         auto bytes = ReadHostFile(ScratchFile(scratch, firstScratch + i));
-        if (!bytes || bytes->empty() || !WriteDeviceFile(fs, path, *bytes))
+        if (!bytes || bytes->empty() || !WriteDeviceFile(deviceFs, path, *bytes))
             return Fail(error, "cannot write " + ToUtf8(path));
     }
     return true;
@@ -265,12 +266,13 @@ bool CopySkins(Device& device, const std::optional<fs::path>& folder,
     return true;
 }
 
-bool WriteManifest(DeviceFileSystem& fs, const std::vector<DemoFile>& files, std::string* error) {
+bool WriteManifest(DeviceFileSystem& deviceFs, const std::vector<DemoFile>& files,
+                   std::string* error) {
     std::string text;
     for (const DemoFile& file : files)
         text += ManifestLine(file);
     auto bytes = std::as_bytes(std::span(text.data(), text.size()));
-    if (!fs.ReplaceFile(kManifestPath, bytes))
+    if (!deviceFs.ReplaceFile(kManifestPath, bytes))
         return Fail(error, "cannot write " + ToUtf8(kManifestPath));
     return true;
 }
@@ -287,8 +289,11 @@ bool MakeDemoDevice(const DemoOptions& options, std::string* error) {
     std::vector<DemoFile> files = DemoCollection();
     ScratchFolder scratch;
     if (!scratch.Create())
-        return Fail(error, "cannot create a work folder in " + fs::temp_directory_path().string());
-    if (!EncodeAll(files, *ffmpeg, scratch.Path(), options.parallelJobs, error))
+        return Fail(error, "cannot create a work folder in the temporary folder ($TMPDIR)");
+    int parallel = options.parallelJobs;
+    if (parallel <= 0)
+        parallel = static_cast<int>(std::clamp(std::thread::hardware_concurrency(), 1u, 4u));
+    if (!EncodeAll(files, *ffmpeg, scratch.Path(), parallel, error))
         return false;
 
     std::error_code ec;
@@ -300,12 +305,12 @@ bool MakeDemoDevice(const DemoOptions& options, std::string* error) {
     std::unique_ptr<Device> device = Device::Open({options.root}, &openError);
     if (!device)
         return Fail(error, openError);
-    DeviceFileSystem& fs = device->FileSystem();
+    DeviceFileSystem& deviceFs = device->FileSystem();
     std::size_t collectionSize = files.size();
-    if (!WriteCollection(fs, files, scratch.Path(), error) ||
-        !WriteSounds(fs, collectionSize, scratch.Path(), error) ||
+    if (!WriteCollection(deviceFs, files, scratch.Path(), error) ||
+        !WriteSounds(deviceFs, collectionSize, scratch.Path(), error) ||
         !WriteShellSettings(*device, files, error) ||
-        !CopySkins(*device, options.skins, files, error) || !WriteManifest(fs, files, error))
+        !CopySkins(*device, options.skins, files, error) || !WriteManifest(deviceFs, files, error))
         return false;
     guard.Keep();
     return true;

@@ -14,7 +14,7 @@ struct DemoOptions {
     std::filesystem::path root;                 // the device root to make
     std::optional<std::filesystem::path> skins; // folder with Zelvor*.rcc, if any
     bool force = false;                         // remove an existing device root first
-    int parallelJobs = 2;                       // ffmpeg processes at once
+    int parallelJobs = 0; // ffmpeg processes at once; 0: one per core, at most four
 };
 
 // True when the device was made. Otherwise *error holds one line saying why.
