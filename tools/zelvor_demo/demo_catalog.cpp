@@ -5,7 +5,7 @@
 namespace zelvor::demo {
 namespace {
 
-struct AlbumSpec {
+struct AlbumEntry {
     std::u16string_view folder;
     std::u16string_view artist;
     std::u16string_view album;
@@ -28,117 +28,117 @@ constexpr std::u16string_view kFlash = u"\\Flash Disk";
 // field so that both tags of a file say the same; the Japanese album has no
 // ID3v1 tag, since Windows-1252 cannot hold it.
 const std::array kAlbums{
-    AlbumSpec{u"\\Storage Card\\Music\\Marrow Lane\\Paper Lanterns",
-              u"Marrow Lane",
-              u"Paper Lanterns",
-              u"Pop",
-              u"2016",
-              FileKind::Mp3Stereo128,
-              TagStyle::Id3v23V11,
-              {u"Paper Lanterns", u"Glasshouse Summer", u"Small Hours", u"Tidewater"}},
-    AlbumSpec{u"\\Storage Card\\Music\\The Kestrel Hours\\Northbound Static",
-              u"The Kestrel Hours",
-              u"Northbound Static",
-              u"Rock",
-              u"2019",
-              FileKind::Mp3Stereo320,
-              TagStyle::Id3v24,
-              {u"Northbound", u"Static Bloom", u"Ember Road", u"Last Ferry Out"}},
-    AlbumSpec{u"\\Storage Card\\Music\\Café Ölfjord\\Niño del Mar",
-              u"Café Ölfjord",
-              u"Niño del Mar",
-              u"Jazz",
-              u"2021",
-              FileKind::Mp3Stereo128,
-              TagStyle::Id3v22,
-              {u"Señal de Humo", u"Blå Timme", u"Crème Noire"}},
-    AlbumSpec{u"\\Storage Card\\Music\\Łódź Tram Society\\Nocne Linie",
-              u"Łódź Tram Society",
-              u"Nocne Linie",
-              u"Electronic",
-              u"2018",
-              FileKind::Wma,
-              TagStyle::Asf,
-              {u"Przystanek Zero", u"Żółty Tramwaj", u"Night Line 7"}},
-    AlbumSpec{u"\\Storage Card\\Music\\月見草\\夜明けの歌",
-              u"月見草",
-              u"夜明けの歌",
-              u"Ambient",
-              u"2020",
-              FileKind::Mp3Mono22k,
-              TagStyle::Id3v23,
-              {u"朝霧", u"川の音", u"星の庭"}},
-    AlbumSpec{u"\\Storage Card\\Music\\Dusty Almanac\\Porch Light Sessions",
-              u"Dusty Almanac",
-              u"Porch Light Sessions",
-              u"Country",
-              u"2012",
-              FileKind::Mp3Mono22k,
-              TagStyle::Id3v22,
-              {u"Porch Light", u"Rusty Gate Waltz", u"Two Dollar Moon"}},
-    AlbumSpec{u"\\Storage Card\\Music\\Grey Heron Quartet\\Winter Sonatas",
-              u"Grey Heron Quartet",
-              u"Winter Sonatas",
-              u"Classical",
-              u"2015",
-              FileKind::Wma,
-              TagStyle::Asf,
-              {u"Sonata in Frost I", u"Sonata in Frost II", u"Thaw", u"Heron at Dusk"}},
-    AlbumSpec{u"\\Storage Card\\Music\\Vantablue\\Signal Bloom",
-              u"Vantablue",
-              u"Signal Bloom",
-              u"Electronic",
-              u"2022",
-              FileKind::Aac,
-              TagStyle::Id3v23V11,
-              {u"Signal Bloom", u"Carrier Wave", u"Phase Lock"},
-              true,
-              76},
-    AlbumSpec{u"\\Storage Card\\Music\\Tin Orchard\\Loose Threads",
-              u"",
-              u"",
-              u"",
-              u"",
-              FileKind::Aac,
-              TagStyle::None,
-              {u"Loose Threads", u"Apple Crate"},
-              true,
-              82},
-    AlbumSpec{u"\\Storage Card\\Music\\Unsorted",
-              u"",
-              u"",
-              u"",
-              u"",
-              FileKind::Mp3Stereo128,
-              TagStyle::None,
-              {u"field recording 03"},
-              false},
-    AlbumSpec{
+    AlbumEntry{u"\\Storage Card\\Music\\Marrow Lane\\Paper Lanterns",
+               u"Marrow Lane",
+               u"Paper Lanterns",
+               u"Pop",
+               u"2016",
+               FileKind::Mp3Stereo128,
+               TagStyle::Id3v23V11,
+               {u"Paper Lanterns", u"Glasshouse Summer", u"Small Hours", u"Tidewater"}},
+    AlbumEntry{u"\\Storage Card\\Music\\The Kestrel Hours\\Northbound Static",
+               u"The Kestrel Hours",
+               u"Northbound Static",
+               u"Rock",
+               u"2019",
+               FileKind::Mp3Stereo320,
+               TagStyle::Id3v24,
+               {u"Northbound", u"Static Bloom", u"Ember Road", u"Last Ferry Out"}},
+    AlbumEntry{u"\\Storage Card\\Music\\Café Ölfjord\\Niño del Mar",
+               u"Café Ölfjord",
+               u"Niño del Mar",
+               u"Jazz",
+               u"2021",
+               FileKind::Mp3Stereo128,
+               TagStyle::Id3v22,
+               {u"Señal de Humo", u"Blå Timme", u"Crème Noire"}},
+    AlbumEntry{u"\\Storage Card\\Music\\Łódź Tram Society\\Nocne Linie",
+               u"Łódź Tram Society",
+               u"Nocne Linie",
+               u"Electronic",
+               u"2018",
+               FileKind::Wma,
+               TagStyle::Asf,
+               {u"Przystanek Zero", u"Żółty Tramwaj", u"Night Line 7"}},
+    AlbumEntry{u"\\Storage Card\\Music\\月見草\\夜明けの歌",
+               u"月見草",
+               u"夜明けの歌",
+               u"Ambient",
+               u"2020",
+               FileKind::Mp3Mono22k,
+               TagStyle::Id3v23,
+               {u"朝霧", u"川の音", u"星の庭"}},
+    AlbumEntry{u"\\Storage Card\\Music\\Dusty Almanac\\Porch Light Sessions",
+               u"Dusty Almanac",
+               u"Porch Light Sessions",
+               u"Country",
+               u"2012",
+               FileKind::Mp3Mono22k,
+               TagStyle::Id3v22,
+               {u"Porch Light", u"Rusty Gate Waltz", u"Two Dollar Moon"}},
+    AlbumEntry{u"\\Storage Card\\Music\\Grey Heron Quartet\\Winter Sonatas",
+               u"Grey Heron Quartet",
+               u"Winter Sonatas",
+               u"Classical",
+               u"2015",
+               FileKind::Wma,
+               TagStyle::Asf,
+               {u"Sonata in Frost I", u"Sonata in Frost II", u"Thaw", u"Heron at Dusk"}},
+    AlbumEntry{u"\\Storage Card\\Music\\Vantablue\\Signal Bloom",
+               u"Vantablue",
+               u"Signal Bloom",
+               u"Electronic",
+               u"2022",
+               FileKind::Aac,
+               TagStyle::Id3v23V11,
+               {u"Signal Bloom", u"Carrier Wave", u"Phase Lock"},
+               true,
+               76},
+    AlbumEntry{u"\\Storage Card\\Music\\Tin Orchard\\Loose Threads",
+               u"",
+               u"",
+               u"",
+               u"",
+               FileKind::Aac,
+               TagStyle::None,
+               {u"Loose Threads", u"Apple Crate"},
+               true,
+               82},
+    AlbumEntry{u"\\Storage Card\\Music\\Unsorted",
+               u"",
+               u"",
+               u"",
+               u"",
+               FileKind::Mp3Stereo128,
+               TagStyle::None,
+               {u"field recording 03"},
+               false},
+    AlbumEntry{
         kCard, u"", u"", u"", u"", FileKind::Mp3Stereo320, TagStyle::None, {u"voice memo"}, false},
-    AlbumSpec{u"\\Flash Disk\\My Music\\Sable & Finch\\Harbour Songs",
-              u"Sable & Finch",
-              u"Harbour Songs",
-              u"Folk",
-              u"2014",
-              FileKind::Mp3Stereo128,
-              TagStyle::Id3v23V11,
-              {u"Harbour Wall", u"Gull Weather", u"Net Mender"}},
-    AlbumSpec{u"\\Flash Disk\\My Music\\Niño\\Canciones Cortas",
-              u"Niño",
-              u"Canciones Cortas",
-              u"Latin",
-              u"2023",
-              FileKind::Mp3Stereo320,
-              TagStyle::Id3v23V11,
-              {u"Mañana Lenta", u"Pequeño Sol", u"Agua Dulce"}},
-    AlbumSpec{u"\\Flash Disk\\My Music\\Podcasts\\Morning Notes",
-              u"Lantern FM",
-              u"Morning Notes",
-              u"Speech",
-              u"2024",
-              FileKind::Mp3Mono22k,
-              TagStyle::Id3v24,
-              {u"Episode 1", u"Episode 2"}},
+    AlbumEntry{u"\\Flash Disk\\My Music\\Sable & Finch\\Harbour Songs",
+               u"Sable & Finch",
+               u"Harbour Songs",
+               u"Folk",
+               u"2014",
+               FileKind::Mp3Stereo128,
+               TagStyle::Id3v23V11,
+               {u"Harbour Wall", u"Gull Weather", u"Net Mender"}},
+    AlbumEntry{u"\\Flash Disk\\My Music\\Niño\\Canciones Cortas",
+               u"Niño",
+               u"Canciones Cortas",
+               u"Latin",
+               u"2023",
+               FileKind::Mp3Stereo320,
+               TagStyle::Id3v23V11,
+               {u"Mañana Lenta", u"Pequeño Sol", u"Agua Dulce"}},
+    AlbumEntry{u"\\Flash Disk\\My Music\\Podcasts\\Morning Notes",
+               u"Lantern FM",
+               u"Morning Notes",
+               u"Speech",
+               u"2024",
+               FileKind::Mp3Mono22k,
+               TagStyle::Id3v24,
+               {u"Episode 1", u"Episode 2"}},
 };
 
 std::u16string_view ExtensionOf(FileKind kind) {
@@ -173,27 +173,27 @@ int ShortLength(unsigned seed) {
     return 3 + static_cast<int>((seed * 7) % 10);
 }
 
-void AddAlbum(const AlbumSpec& spec, std::vector<DemoFile>& out) {
-    for (std::size_t i = 0; i < spec.titles.size() && !spec.titles[i].empty(); ++i) {
+void AddAlbum(const AlbumEntry& album, std::vector<DemoFile>& out) {
+    for (std::size_t i = 0; i < album.titles.size() && !album.titles[i].empty(); ++i) {
         DemoFile file;
         int track = static_cast<int>(i) + 1;
-        std::u16string stem = std::u16string(spec.titles[i]);
-        if (spec.numbered)
+        std::u16string stem = std::u16string(album.titles[i]);
+        if (album.numbered)
             stem = TwoDigits(track) + u" " + stem;
-        file.kind = spec.kind;
-        file.tags = spec.tags;
+        file.kind = album.kind;
+        file.tags = album.tags;
         file.seed = static_cast<unsigned>(out.size() + 1);
         file.seconds = ShortLength(file.seed);
-        if (i == 0 && spec.longFirstTrack > 0) {
+        if (i == 0 && album.longFirstTrack > 0) {
             file.kind = FileKind::AacLong;
-            file.seconds = spec.longFirstTrack;
+            file.seconds = album.longFirstTrack;
         }
         file.path =
-            std::u16string(spec.folder) + u"\\" + stem + std::u16string(ExtensionOf(spec.kind));
-        if (spec.tags != TagStyle::None) {
-            file.fields = {std::u16string(spec.titles[i]), std::u16string(spec.artist),
-                           std::u16string(spec.album),     std::u16string(spec.genre),
-                           std::u16string(spec.year),      track};
+            std::u16string(album.folder) + u"\\" + stem + std::u16string(ExtensionOf(album.kind));
+        if (album.tags != TagStyle::None) {
+            file.fields = {std::u16string(album.titles[i]), std::u16string(album.artist),
+                           std::u16string(album.album),     std::u16string(album.genre),
+                           std::u16string(album.year),      track};
         }
         out.push_back(std::move(file));
     }
@@ -216,7 +216,7 @@ DemoFile OddFile(std::u16string path, FileKind kind, TagStyle tags, TagFields fi
 
 std::vector<DemoFile> DemoCollection() {
     std::vector<DemoFile> files;
-    for (const AlbumSpec& album : kAlbums)
+    for (const AlbumEntry& album : kAlbums)
         AddAlbum(album, files);
 
     auto seed = [&files] { return static_cast<unsigned>(files.size() + 1); };

@@ -82,8 +82,8 @@ std::string FrequencyExpression(Dice& dice, int root, std::span<const int> scale
 
 } // namespace
 
-std::string MelodyGraph(const MelodySpec& spec, const std::string& label) {
-    Dice dice(spec.seed);
+std::string MelodyGraph(const MelodyParams& params, const std::string& label) {
+    Dice dice(params.seed);
     int root = 55 + static_cast<int>(dice.Roll(12)); // G3 .. F#4
     std::span<const int> scale = ScaleOf(dice.Roll(4));
     double tempo = kTempos[dice.Roll(kTempos.size())];
@@ -109,20 +109,20 @@ std::string MelodyGraph(const MelodySpec& spec, const std::string& label) {
     std::string exprs = setF + lead + "+" + pad;
 
     int phraseSamples =
-        static_cast<int>(std::lround(kNotesPerPhrase * noteLength * spec.sampleRate));
-    std::string rate = std::to_string(spec.sampleRate);
+        static_cast<int>(std::lround(kNotesPerPhrase * noteLength * params.sampleRate));
+    std::string rate = std::to_string(params.sampleRate);
     std::string graph = "aevalsrc=exprs='" + exprs + "':s=" + rate +
                         ":d=" + Num(kNotesPerPhrase * noteLength) +
                         ",aloop=loop=-1:size=" + std::to_string(phraseSamples) +
-                        ",atrim=duration=" + std::to_string(spec.seconds);
-    std::string fade = "afade=t=out:st=" + Num(spec.seconds - 0.5) + ":d=0.5";
-    if (spec.frameSamples > 0)
-        fade += ",asetnsamples=n=" + std::to_string(spec.frameSamples) + ":p=0";
-    if (!spec.hiss)
+                        ",atrim=duration=" + std::to_string(params.seconds);
+    std::string fade = "afade=t=out:st=" + Num(params.seconds - 0.5) + ":d=0.5";
+    if (params.frameSamples > 0)
+        fade += ",asetnsamples=n=" + std::to_string(params.frameSamples) + ":p=0";
+    if (!params.hiss)
         return graph + "," + fade + "[" + label + "]";
     std::string tune = "[" + label + "tune]", hiss = "[" + label + "hiss]";
-    return graph + tune + ";anoisesrc=d=" + std::to_string(spec.seconds) + ":c=pink:r=" + rate +
-           ":a=0.03:seed=" + std::to_string(spec.seed) + hiss + ";" + tune + hiss +
+    return graph + tune + ";anoisesrc=d=" + std::to_string(params.seconds) + ":c=pink:r=" + rate +
+           ":a=0.03:seed=" + std::to_string(params.seed) + hiss + ";" + tune + hiss +
            "amix=inputs=2:normalize=0," + fade + "[" + label + "]";
 }
 

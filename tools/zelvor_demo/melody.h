@@ -10,7 +10,7 @@
 
 namespace zelvor::demo {
 
-struct MelodySpec {
+struct MelodyParams {
     unsigned seed = 0; // picks key, scale, tune, tempo and timbre
     int seconds = 5;   // length of the result
     int sampleRate = 44100;
@@ -25,7 +25,7 @@ struct MelodySpec {
 
 // A little tune of eight notes over a held fifth, looped to the length, with
 // a short fade at the end. One channel: the encoder copies it for stereo.
-std::string MelodyGraph(const MelodySpec& spec, const std::string& label);
+std::string MelodyGraph(const MelodyParams& params, const std::string& label);
 
 // A soft chime of two overlapping sine notes (Hz), 16-bit mono material.
 std::string ChimeGraph(double firstHz, double secondHz, int sampleRate, const std::string& label);
