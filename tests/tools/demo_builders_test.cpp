@@ -1,0 +1,147 @@
+// The demo maker's builders on their own: ID3 tags at their limits, the
+// manifest's JSON strings, and the process runner's failure reports.
+
+#include "tests/support/test_device.h"
+#include "tests/tools/json_line.h"
+#include "tests/tools/media_probe.h"
+#include "tools/zelvor_demo/demo_catalog.h"
+#include "tools/zelvor_demo/id3_builder.h"
+#include "tools/zelvor_demo/manifest.h"
+#include "tools/zelvor_demo/process_runner.h"
+
+#include <fstream>
+#include <gtest/gtest.h>
+
+namespace zelvor::testing {
+namespace {
+namespace fs = std::filesystem;
+using demo::TagFields;
+
+TagFields Fields(std::u16string title) {
+    return {std::move(title), u"Artist", u"Album", u"Rock", u"1999", 7};
+}
+
+TEST(Id3v2Builder, LongFramesGiveSyncsafeTagSizeAndExactFrameSizes) {
+    std::u16string title(300, u'x'); // frame body 302 bytes: needs more than 7 bits
+    for (auto build : {&demo::BuildId3v22Tag, &demo::BuildId3v23Tag}) {
+        auto tag = build(Fields(title));
+        ASSERT_TRUE(tag);
+        auto probe = ProbeId3v2(*tag);
+        ASSERT_TRUE(probe);
+        EXPECT_TRUE(probe->sizeBytesSyncsafe);
+        EXPECT_EQ(probe->tagLength, tag->size());
+        EXPECT_EQ(probe->texts[probe->version == 2 ? "TT2" : "TIT2"], title);
+        EXPECT_EQ(probe->texts[probe->version == 2 ? "TCO" : "TCON"], u"(17)");
+    }
+}
+
+TEST(Id3v2Builder, TextOutsideLatin1IsWrittenAsUtf16WithByteOrderMark) {
+    auto tag = demo::BuildId3v22Tag(Fields(u"夜明け Łódź"));
+    ASSERT_TRUE(tag);
+    // First frame: "TT2", 3 size bytes, then the encoding byte and the mark.
+    EXPECT_EQ(std::to_integer<int>((*tag)[16]), 1);
+    EXPECT_EQ(std::to_integer<int>((*tag)[17]), 0xFF);
+    EXPECT_EQ(std::to_integer<int>((*tag)[18]), 0xFE);
+    EXPECT_EQ(ProbeId3v2(*tag)->texts["TT2"], u"夜明け Łódź");
+}
+
+TEST(Id3v2Builder, EmptyValuesLeaveTheirFramesOutAndUnknownGenresStayText) {
+    TagFields fields{u"Only Title", u"", u"", u"Shoegaze", u"", 0};
+    auto probe = ProbeId3v2(*demo::BuildId3v23Tag(fields));
+    ASSERT_TRUE(probe);
+    EXPECT_EQ(probe->texts.size(), 2u);
+    EXPECT_EQ(probe->texts["TCON"], u"Shoegaze");
+}
+
+struct Id3v1Case {
+    const char* name;
+    TagFields fields;
+    bool fits;
+};
+
+class Id3v1Limits : public ::testing::TestWithParam<Id3v1Case> {};
+
+TEST_P(Id3v1Limits, RefusesWhatDoesNotFitInsteadOfCutting) {
+    auto tag = demo::BuildId3v1Tag(GetParam().fields);
+    ASSERT_EQ(tag.has_value(), GetParam().fits);
+    if (!tag)
+        return;
+    ASSERT_EQ(tag->size(), demo::kId3v1Size);
+    auto probe = ProbeId3v1(*tag);
+    ASSERT_TRUE(probe);
+    EXPECT_EQ(probe->title, GetParam().fields.title);
+    EXPECT_EQ(probe->track, GetParam().fields.track);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Fields, Id3v1Limits,
+    ::testing::Values(Id3v1Case{"Thirty", Fields(std::u16string(30, u'a')), true},
+                      Id3v1Case{"ThirtyOne", Fields(std::u16string(31, u'a')), false},
+                      Id3v1Case{"Latin1", Fields(u"Crème Brûlée Señal"), true},
+                      Id3v1Case{"Polish", Fields(u"Łódź"), false},
+                      Id3v1Case{"Euro", Fields(u"5 €"), false}, // differs between 8859-1 and 1252
+                      Id3v1Case{"Track255", {u"t", u"a", u"b", u"Pop", u"2000", 255}, true},
+                      Id3v1Case{"Track256", {u"t", u"a", u"b", u"Pop", u"2000", 256}, false},
+                      Id3v1Case{"LongYear", {u"t", u"a", u"b", u"Pop", u"20001", 1}, false}),
+    [](const auto& testCase) { return std::string(testCase.param.name); });
+
+TEST(Id3v1Builder, GenreWithoutNumberIsWritten255) {
+    auto tag = demo::BuildId3v1Tag({u"t", u"a", u"b", u"Shoegaze", u"", 1});
+    ASSERT_TRUE(tag);
+    EXPECT_EQ(std::to_integer<int>((*tag)[127]), 255);
+}
+
+TEST(ManifestLine, RoundTripsThroughAJsonReader) {
+    demo::DemoFile file;
+    file.path = u"\\Storage Card\\\"Quoted\" Ça\tva.mp3";
+    file.fields = {u"Line\nbreak \\ back", u"Niño", u"", u"Pop", u"2020", 3};
+    file.tags = demo::TagStyle::Id3v24;
+    file.seconds = 9;
+    file.excluded = "hidden";
+    file.hidden = true;
+    std::string line = demo::ManifestLine(file);
+    ASSERT_TRUE(line.ends_with("}\n"));
+    EXPECT_EQ(line.find('\t'), std::string::npos);
+    auto object = ParseJsonLine(line.substr(0, line.size() - 1));
+    ASSERT_TRUE(object);
+    EXPECT_EQ(std::get<std::string>((*object)["path"]), "\\Storage Card\\\"Quoted\" Ça\tva.mp3");
+    EXPECT_EQ(std::get<std::string>((*object)["title"]), "Line\nbreak \\ back");
+    EXPECT_EQ(std::get<long long>((*object)["track"]), 3);
+    EXPECT_EQ(std::get<bool>((*object)["hidden"]), true);
+    EXPECT_EQ(std::get<std::string>((*object)["excluded"]), "hidden");
+    EXPECT_EQ(demo::JsonString(std::string("\x01", 1)), "\"\\u0001\"");
+}
+
+TEST(ProcessRunner, ReportsTheFirstFailingJobWithItsLastLogLine) {
+    TempDir dir;
+    auto shell = demo::FindProgram("sh");
+    ASSERT_TRUE(shell);
+    std::vector<demo::ProcessJob> jobs;
+    for (const char* script :
+         {"exit 0", "echo first; echo 'broken pipe' >&2; exit 3", "exit 4", "exit 0"})
+        jobs.push_back(
+            {{shell->string(), "-c", script}, dir.Path() / ("job" + std::to_string(jobs.size()))});
+    auto failure = demo::RunProcesses(jobs, 2);
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->job, 1u);
+    EXPECT_EQ(failure->exitStatus, 3);
+    EXPECT_EQ(failure->reason, "broken pipe");
+    EXPECT_FALSE(fs::exists(dir.Path() / "job3")); // nothing starts after a failure
+}
+
+TEST(ProcessRunner, MissingProgramAndCleanRuns) {
+    TempDir dir;
+    EXPECT_FALSE(demo::FindProgram("zelvor-no-such-program"));
+    demo::ProcessJob missing{{(dir.Path() / "absent").string()}, dir.Path() / "log"};
+    auto failure = demo::RunProcesses(std::span(&missing, 1), 1);
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->exitStatus, -1);
+    EXPECT_EQ(failure->reason, "cannot start " + missing.argv[0]);
+    auto shell = demo::FindProgram("sh");
+    ASSERT_TRUE(shell);
+    demo::ProcessJob fine{{shell->string(), "-c", "exit 0"}, dir.Path() / "log2"};
+    EXPECT_FALSE(demo::RunProcesses(std::span(&fine, 1), 1));
+}
+
+} // namespace
+} // namespace zelvor::testing

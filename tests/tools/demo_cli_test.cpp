@@ -1,0 +1,103 @@
+// How zelvor-demo behaves as a command: the same bytes on every run, a
+// refused or kept root, and one clear line when ffmpeg is missing or fails.
+
+#include "tests/tools/demo_fixture.h"
+
+#include <fstream>
+#include <gtest/gtest.h>
+#include <map>
+#include <sys/stat.h>
+
+namespace zelvor::testing {
+namespace {
+namespace fs = std::filesystem;
+
+std::map<std::string, std::string> AllFiles(const fs::path& root) {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : fs::recursive_directory_iterator(root)) {
+        if (!entry.is_regular_file())
+            continue;
+        std::ifstream in(entry.path(), std::ios::binary);
+        files[fs::relative(entry.path(), root).string()] =
+            std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    }
+    return files;
+}
+
+int Lines(const std::string& text) {
+    return static_cast<int>(std::count(text.begin(), text.end(), '\n'));
+}
+
+void WriteScript(const fs::path& path, const std::string& text) {
+    std::ofstream(path) << text;
+    fs::permissions(path, fs::perms::owner_all);
+}
+
+TEST(DemoCli, SameBytesOnEveryRunAndForceReplacesAStaleRoot) {
+    const DemoDevice& demo = Demo();
+    ASSERT_EQ(demo.runA.exitStatus, 0) << demo.runA.output;
+    ASSERT_EQ(demo.runB.exitStatus, 0) << demo.runB.output;
+    auto a = AllFiles(demo.rootA), b = AllFiles(demo.rootB);
+    EXPECT_FALSE(b.count("Storage Card/Old/stale.mp3"));
+    ASSERT_EQ(a.size(), b.size());
+    for (const auto& [path, bytes] : a) {
+        auto other = b.find(path);
+        ASSERT_NE(other, b.end()) << path;
+        EXPECT_TRUE(other->second == bytes) << path << " differs between two runs";
+    }
+}
+
+TEST(DemoCli, ExistingRootIsRefusedWithoutForce) {
+    const DemoDevice& demo = Demo();
+    ASSERT_EQ(demo.runA.exitStatus, 0) << demo.runA.output;
+    auto before = fs::last_write_time(demo.rootA / "demo-manifest.jsonl");
+    ToolRun run = RunDemoTool({"make", "--root", demo.rootA.string()});
+    EXPECT_EQ(run.exitStatus, 1);
+    EXPECT_EQ(Lines(run.output), 1) << run.output;
+    EXPECT_NE(run.output.find("--force"), std::string::npos) << run.output;
+    EXPECT_EQ(fs::last_write_time(demo.rootA / "demo-manifest.jsonl"), before);
+}
+
+TEST(DemoCli, ForceRefusesAFolderThatIsNoDeviceRoot) {
+    TempDir dir;
+    std::ofstream(dir.Path() / "thesis.tex") << "precious";
+    ToolRun run = RunDemoTool({"make", "--root", dir.Path().string(), "--force"});
+    EXPECT_EQ(run.exitStatus, 1);
+    EXPECT_EQ(Lines(run.output), 1) << run.output;
+    EXPECT_TRUE(fs::exists(dir.Path() / "thesis.tex"));
+}
+
+TEST(DemoCli, MissingFfmpegIsOneLineAndMakesNothing) {
+    TempDir emptyPath, out;
+    ToolRun run = RunDemoTool({"make", "--root", (out.Path() / "device").string()},
+                              emptyPath.Path().string());
+    EXPECT_EQ(run.exitStatus, 1);
+    EXPECT_EQ(Lines(run.output), 1) << run.output;
+    EXPECT_NE(run.output.find("ffmpeg"), std::string::npos) << run.output;
+    EXPECT_FALSE(fs::exists(out.Path() / "device"));
+}
+
+TEST(DemoCli, FailingEncoderIsOneLineAndKeepsTheOldRoot) {
+    TempDir bin, out;
+    WriteScript(bin.Path() / "ffmpeg",
+                "#!/bin/sh\necho 'Unknown encoder libmp3lame' >&2\nexit 1\n");
+    fs::path root = out.Path() / "device";
+    fs::create_directories(root / "Storage Card");
+    fs::create_directories(root / "Flash Disk");
+    std::ofstream(root / "Storage Card" / "keep.mp3") << "old";
+    ToolRun run = RunDemoTool({"make", "--root", root.string(), "--force"}, bin.Path().string());
+    EXPECT_EQ(run.exitStatus, 1);
+    EXPECT_EQ(Lines(run.output), 1) << run.output;
+    EXPECT_NE(run.output.find("Unknown encoder libmp3lame"), std::string::npos) << run.output;
+    EXPECT_TRUE(fs::exists(root / "Storage Card" / "keep.mp3"));
+}
+
+TEST(DemoCli, BadUsageExitsWithTwo) {
+    for (const std::vector<std::string>& args :
+         {std::vector<std::string>{}, {"make"}, {"bake", "--root", "x"}, {"make", "--root"}}) {
+        EXPECT_EQ(RunDemoTool(args).exitStatus, 2);
+    }
+}
+
+} // namespace
+} // namespace zelvor::testing

@@ -1,0 +1,63 @@
+#pragma once
+// The demo device the tests look at, made once per test program by the real
+// zelvor-demo (it runs ffmpeg, so it is the slow part): root "a" is made
+// fresh, root "b" over a stale device root with --force. Both must come out
+// byte for byte the same. Both runs get a skins folder that holds two of the
+// four skin files.
+
+#include "platform/device.h"
+#include "tests/support/test_device.h"
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zelvor::testing {
+
+struct ToolRun {
+    int exitStatus = -1;
+    std::string output; // standard output and error together
+};
+
+// Runs zelvor-demo with the arguments; with path set, under that $PATH.
+ToolRun RunDemoTool(const std::vector<std::string>& args,
+                    const std::optional<std::string>& path = std::nullopt);
+
+struct ManifestRow {
+    std::u16string path;
+    std::string type;
+    std::string tags;
+    std::u16string title, artist, album, genre, year;
+    long long track = 0;
+    long long seconds = 0;
+    bool hidden = false;
+    std::string excluded; // empty for null
+};
+
+struct DemoDevice {
+    TempDir dir;
+    std::filesystem::path rootA, rootB;
+    std::filesystem::path skins; // holds ZelvorBlue.rcc and ZelvorGreen.rcc only
+    ToolRun runA, runB;
+    std::unique_ptr<Device> device; // opened on root a
+    std::vector<ManifestRow> manifest;
+    std::string manifestError; // why the manifest could not be read, if it could not
+};
+
+// Made on first use; ends the program when the tool cannot be run at all.
+DemoDevice& Demo();
+
+// Every file below a device folder, found through FindFirst, with its size.
+struct FoundFile {
+    std::u16string path;
+    std::uint32_t attributes;
+    std::uint64_t size;
+};
+std::vector<FoundFile> ListFiles(DeviceFileSystem& fs, const std::u16string& folder,
+                                 std::vector<std::u16string>* emptyFolders = nullptr);
+
+std::vector<std::byte> ReadDeviceFile(DeviceFileSystem& fs, std::u16string_view path);
+
+} // namespace zelvor::testing
