@@ -1,0 +1,64 @@
+#pragma once
+// PlayerPane: what the main frame asks of the player screen, and
+// FrameMessages: how the player screen reaches the frame. The frame never
+// calls into the screen's internals and the screen never calls the frame
+// directly: follow-up steps between them are posted messages, as between
+// the device's windows (app/window_messages.h).
+
+#include <cstdint>
+
+#include "platform/message_frame.h"
+
+class QWidget;
+
+namespace zelvor {
+
+class TrackList;
+
+// Posts a message to the main frame; it is handled after the current
+// handler returns, on the UI thread.
+class FrameMessages {
+public:
+    virtual ~FrameMessages() = default;
+    virtual void PostToFrame(const WindowMessage& message) = 0;
+    // The player's Library button: the frame shows the browser screen.
+    virtual void ShowBrowser() = 0;
+    // The player's Menu button (button id 16), handed to the application.
+    virtual void ShowMenu() = 0;
+    // The player's Hide button: the frame goes to the bottom and hides.
+    virtual void HideFrame() = 0;
+};
+
+class PlayerPane {
+public:
+    virtual ~PlayerPane() = default;
+    virtual QWidget* Widget() = 0;
+
+    // The screen's orientation or the skin changed: bitmaps are loaded again
+    // from the current skin module, the layout rebuilt, everything repainted.
+    virtual void RedoLayout() = 0;
+    // The language changed to or from number 7: the text layout is redone.
+    virtual void RedoTextLayout() = 0;
+
+    // The shell's status value (WM_USER + 413 and the shell query): stored,
+    // and the status area redrawn.
+    virtual void SetShellStatus(std::int32_t value) = 0;
+    // WM_USER + 421 from the shell; the player acts only while playing.
+    virtual void OnShellPlayerMessage() = 0;
+
+    // The storage card was removed: the current track is released.
+    virtual void ReleaseCurrentTrack() = 0;
+    // The storage card came back: the player resumes.
+    virtual void Resume() = 0;
+
+    // The play queue's number of entries, and handing it a new list (the
+    // library, already sorted by the frame): each record is copied.
+    virtual int QueueCount() = 0;
+    virtual void ReplaceQueue(const TrackList& list) = 0;
+
+    // Before the browser is shown: the seek-hold and press-and-hold timers
+    // are cancelled.
+    virtual void CancelHoldTimers() = 0;
+};
+
+} // namespace zelvor
