@@ -16,6 +16,8 @@ struct Command {
 
 constexpr Command kCommands[] = {
     {"text", "text [--root DIR] --lang N ID", zelvor::RunTextCommand},
+    {"tags", "tags [--raw] [--root DIR] FILE...", zelvor::RunTagsCommand},
+    {"strip", "strip [--root DIR] FILE", zelvor::RunStripCommand},
 };
 
 int Usage() {
