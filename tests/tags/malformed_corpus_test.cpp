@@ -4,6 +4,8 @@
 // read past a buffer or an allocation larger than the file. (The fuzzers in
 // fuzz/ look for more; a fault they find joins this list.)
 
+#include <gtest/gtest.h>
+
 #include "platform/text.h"
 #include "tags/adts/read_aac_file.h"
 #include "tags/asf/analyse_wma_file.h"
@@ -12,11 +14,6 @@
 #include "tags/mpeg/analyse_mp3_file.h"
 #include "tests/support/test_device.h"
 #include "tests/tags/tag_builders.h"
-
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <iterator>
 
 namespace zelvor {
 namespace {
