@@ -1,12 +1,12 @@
 // The AAC reader's read step (ADTS frame count, ID3v2.3 frame list, ID3v1)
 // on arbitrary file bytes.
 
-#include "tags/adts/read_aac_file.h"
-#include "tags/memory_file.h"
-
 #include <cmath>
 #include <cstdlib>
 #include <vector>
+
+#include "tags/adts/read_aac_file.h"
+#include "tags/memory_file.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 // The ID3v2 reader and the in-place strip on arbitrary file bytes.
 
+#include <cstdlib>
+
 #include "tags/id3v2/strip_id3v2_tag.h"
 #include "tags/memory_file.h"
-
-#include <cstdlib>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace zelvor;

@@ -1,10 +1,10 @@
 // The whole MP3 analysis (frame sync, stream fields, ID3v1, ID3v2 merge) on
 // arbitrary file bytes.
 
+#include <cstdlib>
+
 #include "tags/memory_file.h"
 #include "tags/mpeg/analyse_mp3_file.h"
-
-#include <cstdlib>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace zelvor;

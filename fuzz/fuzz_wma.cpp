@@ -1,9 +1,9 @@
 // The ASF header walk of the WMA reader on arbitrary file bytes.
 
+#include <cstdlib>
+
 #include "tags/asf/analyse_wma_file.h"
 #include "tags/memory_file.h"
-
-#include <cstdlib>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace zelvor;

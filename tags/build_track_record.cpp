@@ -1,11 +1,11 @@
 #include "tags/build_track_record.h"
 
+#include <cmath>
+#include <limits>
+
 #include "tags/adts/read_aac_file.h"
 #include "tags/asf/analyse_wma_file.h"
 #include "tags/mpeg/analyse_mp3_file.h"
-
-#include <cmath>
-#include <limits>
 
 namespace zelvor {
 namespace {

@@ -2,11 +2,11 @@
 // Building a TrackRecord from a music file: the library scan calls this for
 // every file it found, and the player for a file outside the library.
 
-#include "tags/audio_file_type.h"
-#include "tags/track_record.h"
-
 #include <memory>
 #include <string_view>
+
+#include "tags/audio_file_type.h"
+#include "tags/track_record.h"
 
 namespace zelvor {
 

@@ -4,12 +4,12 @@
 // disk. The file owns its bytes; writes and truncation change them as they
 // would change a file on disk.
 
-#include "platform/device_fs.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
+
+#include "platform/device_fs.h"
 
 namespace zelvor {
 

@@ -1,13 +1,13 @@
 #include "tags/adts/aac_tags.h"
 
+#include <algorithm>
+#include <array>
+#include <vector>
+
 #include "platform/text.h"
 #include "tags/byte_cursor.h"
 #include "tags/genre_names.h"
 #include "tags/tag_text.h"
-
-#include <algorithm>
-#include <array>
-#include <vector>
 
 namespace zelvor {
 namespace {

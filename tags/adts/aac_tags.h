@@ -4,12 +4,12 @@
 // list of frames, and an ID3v1 tag whose version test is the reverse of the
 // MP3 one and whose unknown genres read "Other".
 
-#include "platform/device_fs.h"
-
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
+
+#include "platform/device_fs.h"
 
 namespace zelvor {
 

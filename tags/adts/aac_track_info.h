@@ -1,10 +1,10 @@
 #pragma once
 // AacTrackInfo: what the AAC reader hands the record builder.
 
-#include "tags/adts/adts_duration.h"
-
 #include <cstdint>
 #include <string>
+
+#include "tags/adts/adts_duration.h"
 
 namespace zelvor {
 

@@ -1,11 +1,11 @@
 #include "tags/adts/adts_duration.h"
 
-#include "tags/adts/adts_header.h"
-#include "tags/byte_cursor.h"
-
 #include <algorithm>
 #include <cmath>
 #include <vector>
+
+#include "tags/adts/adts_header.h"
+#include "tags/byte_cursor.h"
 
 namespace zelvor {
 namespace {

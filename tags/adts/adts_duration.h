@@ -22,10 +22,10 @@
 //     estimated from a jump past the end.
 //   - Estimates are summed as fractions and rounded once, at the end.
 
-#include "platform/device_fs.h"
-
 #include <array>
 #include <cstdint>
+
+#include "platform/device_fs.h"
 
 namespace zelvor {
 

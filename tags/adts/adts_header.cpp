@@ -1,8 +1,8 @@
 #include "tags/adts/adts_header.h"
 
-#include "tags/byte_cursor.h"
-
 #include <array>
+
+#include "tags/byte_cursor.h"
 
 namespace zelvor {
 

@@ -1,9 +1,9 @@
 #include "tags/adts/read_aac_file.h"
 
+#include <array>
+
 #include "platform/device.h"
 #include "platform/text.h"
-
-#include <array>
 
 namespace zelvor {
 namespace {

@@ -3,12 +3,12 @@
 // frames; the texts from a leading ID3v2.3.0 tag and an ID3v1 tag, merged
 // field by field.
 
+#include <cstdint>
+#include <string_view>
+
 #include "platform/device_fs.h"
 #include "tags/adts/aac_tags.h"
 #include "tags/adts/aac_track_info.h"
-
-#include <cstdint>
-#include <string_view>
 
 namespace zelvor {
 

@@ -1,12 +1,12 @@
 #include "tags/asf/analyse_wma_file.h"
 
+#include <array>
+#include <vector>
+
 #include "platform/device.h"
 #include "tags/asf/asf_guid.h"
 #include "tags/asf/asf_object.h"
 #include "tags/byte_cursor.h"
-
-#include <array>
-#include <vector>
 
 namespace zelvor {
 namespace {

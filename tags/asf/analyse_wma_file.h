@@ -4,11 +4,11 @@
 // list a codec that is not audio, so a video named .wma never enters the
 // library.
 
-#include "platform/device_fs.h"
-#include "tags/asf/wma_file_info.h"
-
 #include <span>
 #include <string_view>
+
+#include "platform/device_fs.h"
+#include "tags/asf/wma_file_info.h"
 
 namespace zelvor {
 

@@ -2,10 +2,10 @@
 // Reading one ASF object: a 24-byte header (GUID, 64-bit little-endian size
 // of the whole object) followed by its body.
 
-#include "platform/device_fs.h"
-
 #include <cstdint>
 #include <vector>
+
+#include "platform/device_fs.h"
 
 namespace zelvor {
 

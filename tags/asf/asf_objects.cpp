@@ -3,13 +3,13 @@
 // bounded cursor: a length that runs past the object ends the reading and
 // keeps what came before.
 
+#include <string>
+#include <vector>
+
 #include "tags/asf/analyse_wma_file.h"
 #include "tags/asf/asf_object.h"
 #include "tags/byte_cursor.h"
 #include "tags/tag_text.h"
-
-#include <string>
-#include <vector>
 
 namespace zelvor {
 namespace {

@@ -1,11 +1,11 @@
 // The frame walk of an ID3v2 tag body, and the genre and track numbers
 // derived from the frames it kept.
 
+#include <algorithm>
+
 #include "tags/byte_cursor.h"
 #include "tags/id3v2/id3v2_tag.h"
 #include "tags/tag_text.h"
-
-#include <algorithm>
 
 namespace zelvor {
 namespace {

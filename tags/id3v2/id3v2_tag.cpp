@@ -1,11 +1,11 @@
 #include "tags/id3v2/id3v2_tag.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "platform/device.h"
 #include "tags/byte_cursor.h"
 #include "tags/genre_names.h"
-
-#include <algorithm>
-#include <vector>
 
 namespace zelvor {
 

@@ -16,8 +16,6 @@
 // one read to the next. Unsynchronisation, footers and the other flags are
 // not acted on: such tags are read as they stand.
 
-#include "platform/device_fs.h"
-
 #include <array>
 #include <chrono>
 #include <cstdint>
@@ -25,6 +23,8 @@
 #include <span>
 #include <string>
 #include <string_view>
+
+#include "platform/device_fs.h"
 
 namespace zelvor {
 

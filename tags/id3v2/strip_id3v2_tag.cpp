@@ -1,10 +1,10 @@
 #include "tags/id3v2/strip_id3v2_tag.h"
 
-#include "platform/device.h"
-
 #include <algorithm>
 #include <array>
 #include <thread>
+
+#include "platform/device.h"
 
 namespace zelvor {
 namespace {

@@ -3,11 +3,11 @@
 // its decoder cannot be built for a file, and then tries once more: some
 // decoders choke on tags that other programs wrote.
 
-#include "platform/device_fs.h"
-#include "tags/id3v2/id3v2_tag.h"
-
 #include <chrono>
 #include <string_view>
+
+#include "platform/device_fs.h"
+#include "tags/id3v2/id3v2_tag.h"
 
 namespace zelvor {
 

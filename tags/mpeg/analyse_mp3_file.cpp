@@ -1,11 +1,11 @@
 #include "tags/mpeg/analyse_mp3_file.h"
 
+#include <array>
+
 #include "platform/device.h"
 #include "tags/mpeg/frame_sync.h"
 #include "tags/mpeg/mpeg_header.h"
 #include "tags/tag_text.h"
-
-#include <array>
 
 namespace zelvor {
 namespace {

@@ -4,14 +4,14 @@
 // merged into one Mp3FileInfo. The library scan and the player run it once
 // per file.
 
-#include "platform/device_fs.h"
-#include "tags/id3v2/id3v2_tag.h"
-#include "tags/mpeg/mp3_file_info.h"
-
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
+
+#include "platform/device_fs.h"
+#include "tags/id3v2/id3v2_tag.h"
+#include "tags/mpeg/mp3_file_info.h"
 
 namespace zelvor {
 

@@ -1,10 +1,10 @@
 #include "tags/mpeg/frame_sync.h"
 
-#include "tags/byte_cursor.h"
-#include "tags/mpeg/mpeg_header.h"
-
 #include <algorithm>
 #include <vector>
+
+#include "tags/byte_cursor.h"
+#include "tags/mpeg/mpeg_header.h"
 
 namespace zelvor {
 

@@ -1,9 +1,9 @@
 #pragma once
 // The frame sync search of the MP3 analysis.
 
-#include "platform/device_fs.h"
-
 #include <cstdint>
+
+#include "platform/device_fs.h"
 
 namespace zelvor {
 

@@ -1,11 +1,11 @@
+#include <cmath>
+#include <gtest/gtest.h>
+
 #include "tags/adts/adts_duration.h"
 #include "tags/adts/adts_header.h"
 #include "tags/adts/read_aac_file.h"
 #include "tests/support/test_device.h"
 #include "tests/tags/tag_builders.h"
-
-#include <cmath>
-#include <gtest/gtest.h>
 
 namespace zelvor {
 namespace {

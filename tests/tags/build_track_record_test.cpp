@@ -1,8 +1,8 @@
+#include <gtest/gtest.h>
+
 #include "tags/build_track_record.h"
 #include "tests/support/test_device.h"
 #include "tests/tags/tag_builders.h"
-
-#include <gtest/gtest.h>
 
 namespace zelvor {
 namespace {

@@ -6,14 +6,6 @@
 // Expected durations are worked out here from each file's own bytes by the
 // reader's rule, independently of the reader.
 
-#include "platform/text.h"
-#include "tags/adts/read_aac_file.h"
-#include "tags/asf/analyse_wma_file.h"
-#include "tags/build_track_record.h"
-#include "tags/mpeg/analyse_mp3_file.h"
-#include "tests/support/test_device.h"
-#include "tests/tags/tag_builders.h"
-
 #include <cstdlib>
 #include <fstream>
 #include <functional>
@@ -21,6 +13,14 @@
 #include <iterator>
 #include <map>
 #include <unistd.h>
+
+#include "platform/text.h"
+#include "tags/adts/read_aac_file.h"
+#include "tags/asf/analyse_wma_file.h"
+#include "tags/build_track_record.h"
+#include "tags/mpeg/analyse_mp3_file.h"
+#include "tests/support/test_device.h"
+#include "tests/tags/tag_builders.h"
 
 namespace zelvor {
 namespace {

@@ -1,7 +1,7 @@
+#include <gtest/gtest.h>
+
 #include "tags/genre_names.h"
 #include "tags/tag_text.h"
-
-#include <gtest/gtest.h>
 
 namespace zelvor {
 namespace {

@@ -1,8 +1,8 @@
+#include <gtest/gtest.h>
+
 #include "tags/id3v2/id3v2_tag.h"
 #include "tests/support/test_device.h"
 #include "tests/tags/tag_builders.h"
-
-#include <gtest/gtest.h>
 
 namespace zelvor {
 namespace {

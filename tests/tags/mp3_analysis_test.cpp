@@ -1,10 +1,10 @@
+#include <gtest/gtest.h>
+
 #include "tags/mpeg/analyse_mp3_file.h"
 #include "tags/mpeg/frame_sync.h"
 #include "tags/mpeg/mpeg_header.h"
 #include "tests/support/test_device.h"
 #include "tests/tags/tag_builders.h"
-
-#include <gtest/gtest.h>
 
 namespace zelvor {
 namespace {

@@ -1,6 +1,6 @@
-#include "tags/mpeg/mpeg_header.h"
-
 #include <gtest/gtest.h>
+
+#include "tags/mpeg/mpeg_header.h"
 
 namespace zelvor {
 namespace {

@@ -1,8 +1,8 @@
 #include "tests/tags/tag_builders.h"
 
-#include "tests/support/test_device.h"
-
 #include <algorithm>
+
+#include "tests/support/test_device.h"
 
 namespace zelvor::testing {
 namespace {

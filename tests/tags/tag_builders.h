@@ -3,14 +3,14 @@
 // kept in std::string, which reads well in tests ("ID3" + ...) and converts
 // to what the readers take with AsBytes / MemoryFileOf.
 
-#include "tags/asf/asf_guid.h"
-#include "tags/memory_file.h"
-
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+
+#include "tags/asf/asf_guid.h"
+#include "tags/memory_file.h"
 
 namespace zelvor::testing {
 

@@ -1,10 +1,10 @@
+#include <gtest/gtest.h>
+
 #include "tags/asf/analyse_wma_file.h"
 #include "tags/asf/asf_guid.h"
 #include "tags/asf/asf_object.h"
 #include "tests/support/test_device.h"
 #include "tests/tags/tag_builders.h"
-
-#include <gtest/gtest.h>
 
 namespace zelvor {
 namespace {

@@ -2,13 +2,13 @@
 // does when its decoder cannot be built, and prints the outcome as JSON.
 // FILE is a host path, or a device path when a device is named (see tags).
 
+#include <cstdio>
+
 #include "platform/device.h"
 #include "tags/id3v2/strip_id3v2_tag.h"
 #include "tools/zelvor_lib/command_line.h"
 #include "tools/zelvor_lib/commands.h"
 #include "tools/zelvor_lib/json_line.h"
-
-#include <cstdio>
 
 namespace zelvor {
 

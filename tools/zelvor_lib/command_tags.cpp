@@ -6,6 +6,9 @@
 // ("/" accepted for "\"). Host paths are read through a device whose root is
 // the host's "/", so they take exactly the path the library scan takes.
 
+#include <cstdio>
+#include <filesystem>
+
 #include "platform/text.h"
 #include "tags/adts/read_aac_file.h"
 #include "tags/asf/analyse_wma_file.h"
@@ -14,9 +17,6 @@
 #include "tools/zelvor_lib/command_line.h"
 #include "tools/zelvor_lib/commands.h"
 #include "tools/zelvor_lib/json_line.h"
-
-#include <cstdio>
-#include <filesystem>
 
 namespace zelvor {
 namespace {
