@@ -4,6 +4,7 @@
 
 #include "platform/device.h"
 #include "platform/text.h"
+#include "tags/read_ahead_file.h"
 
 namespace zelvor {
 namespace {
@@ -69,7 +70,8 @@ AacResult ReadAacFile(std::u16string_view path, AacTrackInfo* result) {
     *result = AacTrackInfo{};
     if (!HasAacExtension(path))
         return kAacNotAac;
-    return ReadAacStream(*file, *result);
+    ReadAheadFile sized(*file, 0); // the size is asked for more than once
+    return ReadAacStream(sized, *result);
 }
 
 } // namespace zelvor

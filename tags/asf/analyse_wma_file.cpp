@@ -7,12 +7,14 @@
 #include "tags/asf/asf_guid.h"
 #include "tags/asf/asf_object.h"
 #include "tags/byte_cursor.h"
+#include "tags/read_ahead_file.h"
 
 namespace zelvor {
 namespace {
 
 // The header object's own fields before its first child.
 constexpr std::size_t kHeaderObjectFixedSize = 30;
+constexpr std::size_t kWmaReadAhead = 16384;
 
 } // namespace
 
@@ -21,7 +23,9 @@ int AnalyseWmaFile(WmaFileInfo& info, std::u16string_view path) {
     auto file = CurrentDevice().FileSystem().OpenFile(path, FileMode::Read);
     if (!file)
         return 0;
-    return AnalyseWmaFile(info, *file, path);
+    // The header objects of most files, in one read.
+    ReadAheadFile head(*file, kWmaReadAhead);
+    return AnalyseWmaFile(info, head, path);
 }
 
 int AnalyseWmaFile(WmaFileInfo& info, DeviceFile& file, std::u16string_view path) {

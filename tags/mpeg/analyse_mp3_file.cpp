@@ -3,6 +3,7 @@
 #include <array>
 
 #include "platform/device.h"
+#include "tags/read_ahead_file.h"
 #include "tags/mpeg/frame_sync.h"
 #include "tags/mpeg/mpeg_header.h"
 #include "tags/tag_text.h"
@@ -11,6 +12,7 @@ namespace zelvor {
 namespace {
 
 constexpr std::size_t kId3v1Size = 128;
+constexpr std::size_t kMp3ReadAhead = 4096;
 
 // Steps 3-9: the stream fields of the header found.
 void DecodeStream(Mp3FileInfo& info, const FrameSync& sync) {
@@ -70,7 +72,9 @@ int AnalyseMp3File(Mp3FileInfo& info, std::u16string_view path) {
     auto file = CurrentDevice().FileSystem().OpenFile(path, FileMode::Read);
     if (!file)
         return 0;
-    return AnalyseMp3File(info, *file, path);
+    // The start of the sync window and the ID3v2 tag of most files in one read.
+    ReadAheadFile head(*file, kMp3ReadAhead);
+    return AnalyseMp3File(info, head, path);
 }
 
 int AnalyseMp3File(Mp3FileInfo& info, DeviceFile& file, std::u16string_view path, Id3v2Tag* id3v2) {

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+
 #include "tags/build_track_record.h"
 #include "tests/support/test_device.h"
 #include "tests/tags/tag_builders.h"
@@ -79,6 +82,23 @@ TEST_F(BuildRecord, AacTextsOnlyWhenNonEmptyAndWholeSeconds) {
     EXPECT_FALSE(record->HasText(kFieldAlbum));
     EXPECT_EQ(record->Duration(), 23u); // 23.2199 s, the fraction cut off
     EXPECT_EQ(record->TrackNumber(), 11);
+}
+
+TEST_F(BuildRecord, LinksAreFollowedOnlyWhileTheyStayOnTheDevice) {
+    const std::string mp3 = MpegHeader({}) + std::string(1000, '\0');
+    Put(u"inside.mp3", mp3);
+    TempDir outside;
+    { std::ofstream(outside.Path() / "outside.mp3", std::ios::binary) << mp3; }
+    const auto folder = m_device.Host(u"\\Storage Card\\Music");
+    std::filesystem::create_symlink(folder / "inside.mp3", folder / "near.mp3");
+    std::filesystem::create_symlink(outside.Path() / "outside.mp3", folder / "far.mp3");
+    std::filesystem::create_directory_symlink(outside.Path(), folder / "away");
+    EXPECT_TRUE(BuildTrackRecord(u"\\Storage Card\\Music\\near.mp3"));
+    EXPECT_TRUE(BuildTrackRecord(u"\\Storage Card\\Music\\NEAR.MP3"));
+    EXPECT_FALSE(BuildTrackRecord(u"\\Storage Card\\Music\\far.mp3"));
+    EXPECT_FALSE(BuildTrackRecord(u"\\Storage Card\\Music\\FAR.mp3"));
+    EXPECT_FALSE(BuildTrackRecord(u"\\Storage Card\\Music\\away\\outside.mp3"));
+    EXPECT_FALSE(BuildTrackRecord(u"\\Storage Card\\Music\\Away\\outside.mp3"));
 }
 
 } // namespace

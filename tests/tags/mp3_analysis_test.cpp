@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "platform/text.h"
 #include "tags/mpeg/analyse_mp3_file.h"
 #include "tags/mpeg/frame_sync.h"
 #include "tags/mpeg/mpeg_header.h"
@@ -162,6 +163,16 @@ TEST(Mp3Id3v1, VersionOneOneCarriesTrackAndGenre) {
         EXPECT_EQ(a.info.genreIndex, genre);
         EXPECT_EQ(a.info.genre, u"");
     }
+}
+
+TEST(Mp3Id3v1, TextsGoThroughTheDeviceCodePage) {
+    const std::string tag = Id3v1({.title = "\xC0\xE1\xE2", .artist = "x"});
+    EXPECT_EQ(Analyse(tag).info.title, u"\u00C0\u00E1\u00E2");
+    ASSERT_TRUE(SetDeviceCodePage("windows-1251"));
+    std::u16string cyrillic = Analyse(tag).info.title;
+    ASSERT_TRUE(SetDeviceCodePage("windows-1252"));
+    EXPECT_EQ(cyrillic, u"\u0410\u0431\u0432");
+    EXPECT_EQ(Analyse(tag).info.title, u"\u00C0\u00E1\u00E2");
 }
 
 TEST(Mp3Id3v1, VersionOneZeroNeverYieldsAGenre) {

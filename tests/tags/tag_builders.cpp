@@ -46,6 +46,10 @@ std::span<const std::byte> AsBytes(std::string_view bytes) {
     return {reinterpret_cast<const std::byte*>(bytes.data()), bytes.size()};
 }
 
+std::span<std::byte> AsWritableBytes(std::string& bytes) {
+    return {reinterpret_cast<std::byte*>(bytes.data()), bytes.size()};
+}
+
 MemoryFile MemoryFileOf(std::string_view bytes) {
     return MemoryFile(AsBytes(bytes));
 }

@@ -23,6 +23,7 @@ std::string Be32(std::uint32_t v);
 std::string SevenBit32(std::uint32_t v);
 
 std::span<const std::byte> AsBytes(std::string_view bytes);
+std::span<std::byte> AsWritableBytes(std::string& bytes);
 MemoryFile MemoryFileOf(std::string_view bytes);
 
 // ID3v2: a 10-byte header with the size written 7 bits per byte, and frames.
