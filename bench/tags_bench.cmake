@@ -7,3 +7,10 @@ target_link_libraries(tags_bench PRIVATE zelvor_core benchmark::benchmark PkgCon
 target_compile_definitions(tags_bench PRIVATE
   ZELVOR_BENCH_MEDIA_DIR="${CMAKE_CURRENT_BINARY_DIR}/tags_media")
 zelvor_warnings(tags_bench)
+
+# The error of the AAC reader's frame estimate on large files.
+add_executable(tags_aac_estimate tags_aac_estimate.cpp)
+target_link_libraries(tags_aac_estimate PRIVATE zelvor_core)
+target_compile_definitions(tags_aac_estimate PRIVATE
+  ZELVOR_BENCH_MEDIA_DIR="${CMAKE_CURRENT_BINARY_DIR}/tags_media")
+zelvor_warnings(tags_aac_estimate)

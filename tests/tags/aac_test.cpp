@@ -103,6 +103,18 @@ TEST(AdtsDuration, LargeFilesAreEstimatedWithoutBias) {
     EXPECT_NEAR(static_cast<double>(info.stream.Frames()), 8000.0, 8000 * 0.001);
 }
 
+TEST(AdtsDuration, EstimateFollowsABitRateThatChanges) {
+    // A quiet first third in small frames, then large ones. An average of
+    // everything counted so far would price every later gap at mostly small
+    // frames (about a third too many frames in all); the local average is
+    // off only in the one gap that holds the change, by at most half of it.
+    AacTrackInfo info =
+        ReadStream(Frames(5000, {.frameLength = 200}) + Frames(3300, {.frameLength = 600}));
+    EXPECT_LT(info.stream.bytesRead, 3000000u / 2);
+    const double oneGapOfSmallFrames = 98400.0 / 200;
+    EXPECT_NEAR(static_cast<double>(info.stream.Frames()), 8300.0, oneGapOfSmallFrames / 2);
+}
+
 TEST(AdtsDuration, AnId3v23TagIsSkippedOtherStartsAreNot) {
     // Sync-like bytes in the tag would count as frames if it were not skipped.
     std::string tagBody = Frame4Plain("TIT2", Latin1Text("x")) + Frames(5);
