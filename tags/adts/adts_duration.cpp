@@ -140,7 +140,9 @@ AdtsStreamInfo CountAdtsFrames(DeviceFile& file, std::uint64_t start) {
     FrameCounter counter(info);
     const std::uint64_t size = file.Size();
     const std::uint64_t skipFactor = size > kAdtsWholeReadLimit ? size / kAdtsSkipDivisor : 0;
-    std::vector<std::byte> chunk(kAdtsChunkSize);
+    // No bigger than the file: a short file gives one short chunk.
+    std::vector<std::byte> chunk(static_cast<std::size_t>(
+        std::min<std::uint64_t>(kAdtsChunkSize, size > start ? size - start : 0)));
     std::uint64_t offset = start;
     for (std::uint32_t chunks = 1;; ++chunks) {
         const std::size_t got = file.ReadAt(offset, chunk);
