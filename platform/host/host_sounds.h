@@ -46,7 +46,7 @@ public:
 
     // The sink from ZELVOR_AUDIO_SINK (a WAV capture there becomes fake).
     HostSounds();
-    // An explicit sink; a WAV spec captures the sounds to its own file.
+    // An explicit sink; a WAV sink captures the sounds to a file of their own.
     explicit HostSounds(AudioSinkSpec spec);
     ~HostSounds() override;
     HostSounds(const HostSounds&) = delete;

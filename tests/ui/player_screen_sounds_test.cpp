@@ -91,6 +91,8 @@ TEST(HostSounds, ACaptureNamedInTheEnvironmentIsLeftToThePlaybackGraph) {
     testing::EnsureWidgetApplication();
     testing::TempDir dir;
     const auto capture = dir.Path() / "tracks.wav";
+    const char* before = std::getenv("ZELVOR_AUDIO_SINK");
+    const std::string saved = before ? before : "";
     const std::string value = "wav:" + capture.string();
     setenv("ZELVOR_AUDIO_SINK", value.c_str(), 1);
     {
@@ -98,7 +100,10 @@ TEST(HostSounds, ACaptureNamedInTheEnvironmentIsLeftToThePlaybackGraph) {
         sounds.MessageBeep();
         EXPECT_TRUE(WaitUntilQuiet(sounds));
     }
-    setenv("ZELVOR_AUDIO_SINK", "fake", 1);
+    if (before)
+        setenv("ZELVOR_AUDIO_SINK", saved.c_str(), 1);
+    else
+        unsetenv("ZELVOR_AUDIO_SINK");
     EXPECT_FALSE(std::filesystem::exists(capture));
 }
 
