@@ -15,11 +15,11 @@ constexpr int kBeepSamples = kBeepRate * 120 / 1000;
 constexpr double kBeepFrequency = 880.0;
 constexpr double kBeepVolume = 0.3;
 
-AudioSinkSpec SoundSinkFromEnvironment() {
-    AudioSinkSpec spec = AudioSinkSpecFromEnvironment();
-    if (spec.kind == AudioSinkSpec::Kind::Wav)
-        spec = AudioSinkSpec{AudioSinkSpec::Kind::Fake, {}, false};
-    return spec;
+AudioSinkChoice SoundSinkFromEnvironment() {
+    AudioSinkChoice sink = AudioSinkFromEnvironment();
+    if (sink.kind == AudioSinkChoice::Kind::Wav)
+        sink = AudioSinkChoice{AudioSinkChoice::Kind::Fake, {}, false};
+    return sink;
 }
 
 void Discard(GstElement* element) {
@@ -31,11 +31,11 @@ void Discard(GstElement* element) {
 
 HostSounds::HostSounds() : HostSounds(SoundSinkFromEnvironment()) {}
 
-HostSounds::HostSounds(AudioSinkSpec spec) : m_spec(std::move(spec)) {
+HostSounds::HostSounds(AudioSinkChoice sink) : m_sink(std::move(sink)) {
     EnsureGstreamer();
-    if (m_spec.kind == AudioSinkSpec::Kind::Wav) {
+    if (m_sink.kind == AudioSinkChoice::Kind::Wav) {
         std::string error;
-        m_capture = WavCapture::Create(m_spec.wavPath, false, &error);
+        m_capture = WavCapture::Create(m_sink.wavPath, false, &error);
         if (!m_capture)
             std::fprintf(stderr, "zelvor: sounds: %s\n", error.c_str());
     }
@@ -55,9 +55,9 @@ HostSounds::~HostSounds() {
 }
 
 GstElement* HostSounds::MakeSink() {
-    if (m_spec.kind == AudioSinkSpec::Kind::Wav && !m_capture)
+    if (m_sink.kind == AudioSinkChoice::Kind::Wav && !m_capture)
         return nullptr;
-    return MakeAudioSink(m_spec, m_capture);
+    return MakeAudioSink(m_sink, m_capture);
 }
 
 void HostSounds::MessageBeep() {

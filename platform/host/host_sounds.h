@@ -47,7 +47,7 @@ public:
     // The sink from ZELVOR_AUDIO_SINK (a WAV capture there becomes fake).
     HostSounds();
     // An explicit sink; a WAV sink captures the sounds to a file of their own.
-    explicit HostSounds(AudioSinkSpec spec);
+    explicit HostSounds(AudioSinkChoice sink);
     ~HostSounds() override;
     HostSounds(const HostSounds&) = delete;
     HostSounds& operator=(const HostSounds&) = delete;
@@ -71,7 +71,7 @@ private:
         GstElement* pipeline;
     };
 
-    AudioSinkSpec m_spec;
+    AudioSinkChoice m_sink;
     std::shared_ptr<WavCapture> m_capture;
     std::vector<GstElement*> m_active; // owned pipelines
 };

@@ -31,8 +31,8 @@ TEST(PlayerScreenPlayback, PlaysTheQueueToItsEndThroughTheWidget) {
         album.AddTrack(std::move(record));
     }
     const auto capture = device.Root() / "played.wav";
-    AudioSinkSpec sink;
-    sink.kind = AudioSinkSpec::Kind::Wav;
+    AudioSinkChoice sink;
+    sink.kind = AudioSinkChoice::Kind::Wav;
     sink.wavPath = capture;
     {
         GstGraphFactory factory(sink);

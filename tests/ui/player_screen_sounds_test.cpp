@@ -46,11 +46,11 @@ bool WaitUntilQuiet(const HostSounds& sounds) {
     return sounds.ActiveSounds() == 0;
 }
 
-AudioSinkSpec WavSink(const std::filesystem::path& path) {
-    AudioSinkSpec spec;
-    spec.kind = AudioSinkSpec::Kind::Wav;
-    spec.wavPath = path;
-    return spec;
+AudioSinkChoice WavSink(const std::filesystem::path& path) {
+    AudioSinkChoice sink;
+    sink.kind = AudioSinkChoice::Kind::Wav;
+    sink.wavPath = path;
+    return sink;
 }
 
 TEST(HostSounds, TheBeepIsAShortToneThatEndsByItself) {
@@ -109,7 +109,7 @@ TEST(HostSounds, ACaptureNamedInTheEnvironmentIsLeftToThePlaybackGraph) {
 
 TEST(HostSounds, ABurstOfBeepsIsCappedAndTheRestDropped) {
     testing::EnsureWidgetApplication();
-    HostSounds sounds(AudioSinkSpec{AudioSinkSpec::Kind::Fake, {}, false});
+    HostSounds sounds(AudioSinkChoice{AudioSinkChoice::Kind::Fake, {}, false});
     for (int i = 0; i < HostSounds::kMaxActive + 3; ++i)
         sounds.MessageBeep();
     EXPECT_EQ(sounds.ActiveSounds(), HostSounds::kMaxActive);

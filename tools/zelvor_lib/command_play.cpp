@@ -155,9 +155,9 @@ int RunPlayCommand(const Arguments& args) {
         return Fail("--repeat takes 0, 1 or 2");
     if (seconds && *seconds < 0)
         return Fail("--seconds takes a number of seconds");
-    AudioSinkSpec sink = AudioSinkSpecFromEnvironment();
+    AudioSinkChoice sink = AudioSinkFromEnvironment();
     if (auto text = cmd.Value("--sink")) {
-        auto parsed = ParseAudioSinkSpec(*text);
+        auto parsed = ParseAudioSinkChoice(*text);
         if (!parsed)
             return Fail("unknown sink '" + *text + "'");
         sink = *parsed;
