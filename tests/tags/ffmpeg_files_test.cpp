@@ -37,6 +37,16 @@ std::uint32_t ByteOf(const std::string& s, std::size_t i) {
     return static_cast<unsigned char>(s.at(i));
 }
 
+// The texts every tagged file was given through ffmpeg's metadata options.
+void ExpectFfmpegTags(const TrackRecord* record) {
+    ASSERT_TRUE(record);
+    EXPECT_EQ(record->Text(kFieldTitle), u"Song Title");
+    EXPECT_EQ(record->Text(kFieldArtist), u"The Artist");
+    EXPECT_EQ(record->Text(kFieldAlbum), u"An Album");
+    EXPECT_EQ(record->Text(kFieldGenre), u"Rock");
+    EXPECT_EQ(record->TrackNumber(), 3);
+}
+
 class EncodedFiles : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
@@ -121,11 +131,7 @@ TEST_F(EncodedFiles, Mp3WithId3v23AndId3v1) {
 
     auto record = BuildTrackRecord(Path("cbr128.mp3"));
     ASSERT_TRUE(record);
-    EXPECT_EQ(record->Text(kFieldTitle), u"Song Title");
-    EXPECT_EQ(record->Text(kFieldArtist), u"The Artist");
-    EXPECT_EQ(record->Text(kFieldAlbum), u"An Album");
-    EXPECT_EQ(record->Text(kFieldGenre), u"Rock");
-    EXPECT_EQ(record->TrackNumber(), 3);
+    ExpectFfmpegTags(record.get());
     EXPECT_EQ(record->Duration(), static_cast<std::uint32_t>(info.duration));
     EXPECT_EQ(record->Text(kFieldFileName), u"cbr128.mp3");
 }
@@ -186,13 +192,7 @@ TEST_F(EncodedFiles, WmaTagsAndPlayDuration) {
     EXPECT_FALSE(info.nonAudioCodec);
     EXPECT_EQ(info.duration, static_cast<std::int32_t>(low / 10000000u));
     EXPECT_GE(info.duration, 3); // preroll is not subtracted
-    auto record = BuildTrackRecord(Path("tagged.wma"));
-    ASSERT_TRUE(record);
-    EXPECT_EQ(record->Text(kFieldTitle), u"Song Title");
-    EXPECT_EQ(record->Text(kFieldArtist), u"The Artist");
-    EXPECT_EQ(record->Text(kFieldAlbum), u"An Album");
-    EXPECT_EQ(record->Text(kFieldGenre), u"Rock");
-    EXPECT_EQ(record->TrackNumber(), 3);
+    ExpectFfmpegTags(BuildTrackRecord(Path("tagged.wma")).get());
 }
 
 // Frames of an ADTS stream walked one by one from its start.

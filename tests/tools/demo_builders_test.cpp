@@ -2,14 +2,14 @@
 // manifest's JSON strings, and the process runner's failure reports.
 
 #include "tests/support/test_device.h"
-#include "tests/tools/json_line.h"
 #include "tests/tools/media_probe.h"
 #include "tools/zelvor_demo/demo_catalog.h"
 #include "tools/zelvor_demo/id3_builder.h"
 #include "tools/zelvor_demo/manifest.h"
 #include "tools/zelvor_demo/process_runner.h"
 
-#include <fstream>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <gtest/gtest.h>
 
 namespace zelvor::testing {
@@ -102,13 +102,15 @@ TEST(ManifestLine, RoundTripsThroughAJsonReader) {
     std::string line = demo::ManifestLine(file);
     ASSERT_TRUE(line.ends_with("}\n"));
     EXPECT_EQ(line.find('\t'), std::string::npos);
-    auto object = ParseJsonLine(line.substr(0, line.size() - 1));
-    ASSERT_TRUE(object);
-    EXPECT_EQ(std::get<std::string>((*object)["path"]), "\\Storage Card\\\"Quoted\" Ça\tva.mp3");
-    EXPECT_EQ(std::get<std::string>((*object)["title"]), "Line\nbreak \\ back");
-    EXPECT_EQ(std::get<long long>((*object)["track"]), 3);
-    EXPECT_EQ(std::get<bool>((*object)["hidden"]), true);
-    EXPECT_EQ(std::get<std::string>((*object)["excluded"]), "hidden");
+    QJsonParseError error;
+    QJsonObject object =
+        QJsonDocument::fromJson(QByteArray::fromStdString(line), &error).object();
+    ASSERT_EQ(error.error, QJsonParseError::NoError) << line;
+    EXPECT_EQ(object["path"].toString().toStdString(), "\\Storage Card\\\"Quoted\" Ça\tva.mp3");
+    EXPECT_EQ(object["title"].toString().toStdString(), "Line\nbreak \\ back");
+    EXPECT_EQ(object["track"].toInteger(), 3);
+    EXPECT_EQ(object["hidden"], QJsonValue(true));
+    EXPECT_EQ(object["excluded"].toString(), "hidden");
     EXPECT_EQ(demo::JsonString(std::string("\x01", 1)), "\"\\u0001\"");
 }
 

@@ -28,9 +28,11 @@ int Lines(const std::string& text) {
     return static_cast<int>(std::count(text.begin(), text.end(), '\n'));
 }
 
-void WriteScript(const fs::path& path, const std::string& text) {
-    std::ofstream(path) << text;
-    fs::permissions(path, fs::perms::owner_all);
+// A refusal is exit status 1 and one line that names the cause.
+void ExpectOneLineFailure(const ToolRun& run, const std::string& cause) {
+    EXPECT_EQ(run.exitStatus, 1);
+    EXPECT_EQ(Lines(run.output), 1) << run.output;
+    EXPECT_NE(run.output.find(cause), std::string::npos) << run.output;
 }
 
 TEST(DemoCli, SameBytesOnEveryRunAndForceReplacesAStaleRoot) {
@@ -52,9 +54,7 @@ TEST(DemoCli, ExistingRootIsRefusedWithoutForce) {
     ASSERT_EQ(demo.runA.exitStatus, 0) << demo.runA.output;
     auto before = fs::last_write_time(demo.rootA / "demo-manifest.jsonl");
     ToolRun run = RunDemoTool({"make", "--root", demo.rootA.string()});
-    EXPECT_EQ(run.exitStatus, 1);
-    EXPECT_EQ(Lines(run.output), 1) << run.output;
-    EXPECT_NE(run.output.find("--force"), std::string::npos) << run.output;
+    ExpectOneLineFailure(run, "--force");
     EXPECT_EQ(fs::last_write_time(demo.rootA / "demo-manifest.jsonl"), before);
 }
 
@@ -62,8 +62,7 @@ TEST(DemoCli, ForceRefusesAFolderThatIsNoDeviceRoot) {
     TempDir dir;
     std::ofstream(dir.Path() / "thesis.tex") << "precious";
     ToolRun run = RunDemoTool({"make", "--root", dir.Path().string(), "--force"});
-    EXPECT_EQ(run.exitStatus, 1);
-    EXPECT_EQ(Lines(run.output), 1) << run.output;
+    ExpectOneLineFailure(run, "");
     EXPECT_TRUE(fs::exists(dir.Path() / "thesis.tex"));
 }
 
@@ -71,24 +70,20 @@ TEST(DemoCli, MissingFfmpegIsOneLineAndMakesNothing) {
     TempDir emptyPath, out;
     ToolRun run = RunDemoTool({"make", "--root", (out.Path() / "device").string()},
                               emptyPath.Path().string());
-    EXPECT_EQ(run.exitStatus, 1);
-    EXPECT_EQ(Lines(run.output), 1) << run.output;
-    EXPECT_NE(run.output.find("ffmpeg"), std::string::npos) << run.output;
+    ExpectOneLineFailure(run, "ffmpeg");
     EXPECT_FALSE(fs::exists(out.Path() / "device"));
 }
 
 TEST(DemoCli, FailingEncoderIsOneLineAndKeepsTheOldRoot) {
     TempDir bin, out;
-    WriteScript(bin.Path() / "ffmpeg",
-                "#!/bin/sh\necho 'Unknown encoder libmp3lame' >&2\nexit 1\n");
+    std::ofstream(bin.Path() / "ffmpeg") << "#!/bin/sh\necho 'Unknown encoder libmp3lame' >&2\nexit 1\n";
+    fs::permissions(bin.Path() / "ffmpeg", fs::perms::owner_all);
     fs::path root = out.Path() / "device";
     fs::create_directories(root / "Storage Card");
     fs::create_directories(root / "Flash Disk");
     std::ofstream(root / "Storage Card" / "keep.mp3") << "old";
     ToolRun run = RunDemoTool({"make", "--root", root.string(), "--force"}, bin.Path().string());
-    EXPECT_EQ(run.exitStatus, 1);
-    EXPECT_EQ(Lines(run.output), 1) << run.output;
-    EXPECT_NE(run.output.find("Unknown encoder libmp3lame"), std::string::npos) << run.output;
+    ExpectOneLineFailure(run, "Unknown encoder libmp3lame");
     EXPECT_TRUE(fs::exists(root / "Storage Card" / "keep.mp3"));
 }
 

@@ -1,8 +1,10 @@
 #include "tests/tools/demo_fixture.h"
 
 #include "platform/text.h"
-#include "tests/tools/json_line.h"
 #include "tools/zelvor_demo/process_runner.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <cstdio>
 #include <cstdlib>
@@ -14,47 +16,27 @@ namespace zelvor::testing {
 namespace fs = std::filesystem;
 namespace {
 
-std::u16string TextField(const JsonObject& row, const char* key, bool& ok) {
-    auto it = row.find(key);
-    if (it == row.end() || !std::holds_alternative<std::string>(it->second)) {
-        ok = false;
-        return {};
-    }
-    return FromUtf8(std::get<std::string>(it->second));
-}
-
-long long NumberField(const JsonObject& row, const char* key, bool& ok) {
-    auto it = row.find(key);
-    if (it == row.end() || !std::holds_alternative<long long>(it->second)) {
-        ok = false;
-        return 0;
-    }
-    return std::get<long long>(it->second);
-}
-
-std::optional<ManifestRow> ToRow(const JsonObject& object) {
-    bool ok = object.size() == 12;
-    ManifestRow row;
-    row.path = TextField(object, "path", ok);
-    row.type = ToUtf8(TextField(object, "type", ok));
-    row.tags = ToUtf8(TextField(object, "tags", ok));
-    row.title = TextField(object, "title", ok);
-    row.artist = TextField(object, "artist", ok);
-    row.album = TextField(object, "album", ok);
-    row.genre = TextField(object, "genre", ok);
-    row.year = TextField(object, "year", ok);
-    row.track = NumberField(object, "track", ok);
-    row.seconds = NumberField(object, "seconds", ok);
-    auto hidden = object.find("hidden");
-    ok = ok && hidden != object.end() && std::holds_alternative<bool>(hidden->second);
-    row.hidden = ok && std::get<bool>(hidden->second);
-    auto excluded = object.find("excluded");
-    if (excluded == object.end())
-        return std::nullopt;
-    if (std::holds_alternative<std::string>(excluded->second))
-        row.excluded = std::get<std::string>(excluded->second);
-    else if (!std::holds_alternative<JsonNull>(excluded->second))
-        ok = false;
+// A manifest line is a flat JSON object of exactly these twelve keys, each of
+// its own type; "excluded" is a string or null.
+std::optional<ManifestRow> ToRow(const std::string& line) {
+    QJsonParseError error;
+    QJsonObject o = QJsonDocument::fromJson(QByteArray::fromStdString(line), &error).object();
+    bool ok = error.error == QJsonParseError::NoError && o.size() == 12;
+    auto text = [&](const char* key) {
+        ok = ok && o.value(key).isString();
+        return o.value(key).toString().toStdU16String();
+    };
+    auto number = [&](const char* key) {
+        QJsonValue v = o.value(key);
+        ok = ok && v.isDouble() && v.toDouble() == static_cast<double>(v.toInteger());
+        return static_cast<long long>(v.toInteger());
+    };
+    QJsonValue hidden = o.value("hidden"), excluded = o.value("excluded");
+    ManifestRow row{text("path"),   ToUtf8(text("type")), ToUtf8(text("tags")), text("title"),
+                    text("artist"), text("album"),        text("genre"),        text("year"),
+                    number("track"), number("seconds"),   hidden.toBool(),
+                    excluded.toString().toStdString()};
+    ok = ok && hidden.isBool() && (excluded.isString() || excluded.isNull());
     return ok ? std::optional(row) : std::nullopt;
 }
 
@@ -68,8 +50,7 @@ void LoadManifest(DemoDevice& demo) {
     int number = 0;
     while (std::getline(in, line)) {
         ++number;
-        auto object = ParseJsonLine(line);
-        auto row = object ? ToRow(*object) : std::nullopt;
+        auto row = ToRow(line);
         if (!row) {
             demo.manifestError = "line " + std::to_string(number) + " is malformed: " + line;
             return;

@@ -9,6 +9,7 @@
 #include "tests/support/test_device.h"
 
 #include <filesystem>
+#include <gtest/gtest.h>
 #include <memory>
 #include <optional>
 #include <string>
@@ -48,6 +49,20 @@ struct DemoDevice {
 
 // Made on first use; ends the program when the tool cannot be run at all.
 DemoDevice& Demo();
+
+// The base of the cases that look at the demo device: it was made and its
+// manifest read.
+class DemoTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_EQ(Demo().runA.exitStatus, 0) << Demo().runA.output;
+        ASSERT_EQ(Demo().manifestError, "");
+        ASSERT_FALSE(Demo().manifest.empty());
+    }
+    Device& Dev() { return *Demo().device; }
+    DeviceFileSystem& Fs() { return Demo().device->FileSystem(); }
+    const std::vector<ManifestRow>& Rows() { return Demo().manifest; }
+};
 
 // Every file below a device folder, found through FindFirst, with its size.
 struct FoundFile {

@@ -26,16 +26,7 @@ bool HasMusicExtension(std::u16string_view path) {
            EqualsIgnoreCase(tail, u".aac");
 }
 
-class DemoManifest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        ASSERT_EQ(Demo().runA.exitStatus, 0) << Demo().runA.output;
-        ASSERT_EQ(Demo().manifestError, "");
-        ASSERT_FALSE(Demo().manifest.empty());
-    }
-    DeviceFileSystem& Fs() { return Demo().device->FileSystem(); }
-    const std::vector<ManifestRow>& Rows() { return Demo().manifest; }
-};
+using DemoManifest = DemoTest;
 
 TEST_F(DemoManifest, ListsExactlyTheFilesOfBothStorageFolders) {
     std::set<std::u16string> listed;

@@ -41,15 +41,13 @@ std::u16string Placeholders(std::u16string_view text) {
     return found;
 }
 
-class DemoShellFiles : public ::testing::Test {
+class DemoShellFiles : public DemoTest {
 protected:
-    void SetUp() override { ASSERT_EQ(Demo().runA.exitStatus, 0) << Demo().runA.output; }
-    Device& Dev() { return *Demo().device; }
 
     // The lines of Ombrel.txt (without their CR LF); fails the test when the
     // file is not UTF-16LE with a byte-order mark, ending in CR LF.
     std::vector<std::u16string> OmbrelLines() {
-        auto bytes = ReadDeviceFile(Dev().FileSystem(),
+        auto bytes = ReadDeviceFile(Fs(),
                                     JoinDevicePath(Dev().ProgramDirectory(), u"Ombrel.txt"));
         EXPECT_EQ(bytes.size() % 2, 0u);
         std::u16string text;
@@ -121,7 +119,7 @@ TEST_F(DemoShellFiles, SoundsAreShortDistinctPcmChimes) {
     std::vector<std::vector<std::byte>> sounds;
     for (const char16_t* name : {u"\\Windows\\DeleteSong.wav", u"\\Windows\\MyFavorite.wav"}) {
         SCOPED_TRACE(ToUtf8(name));
-        sounds.push_back(ReadDeviceFile(Dev().FileSystem(), name));
+        sounds.push_back(ReadDeviceFile(Fs(), name));
         auto wave = ProbeWave(sounds.back());
         ASSERT_TRUE(wave);
         EXPECT_EQ(wave->format, 1);
@@ -136,7 +134,7 @@ TEST_F(DemoShellFiles, SoundsAreShortDistinctPcmChimes) {
 
 TEST_F(DemoShellFiles, SkinsThatExistAreCopiedAndListed) {
     std::set<std::u16string> programFiles;
-    for (const auto& row : Demo().manifest) {
+    for (const auto& row : Rows()) {
         if (row.path.starts_with(Dev().ProgramDirectory() + u"\\")) {
             EXPECT_EQ(row.type, "other");
             EXPECT_EQ(row.excluded, "not-music");
@@ -147,14 +145,14 @@ TEST_F(DemoShellFiles, SkinsThatExistAreCopiedAndListed) {
               (std::set<std::u16string>{u"Ombrel.txt", u"ZelvorBlue.rcc", u"ZelvorGreen.rcc"}));
     for (const char16_t* name : {u"ZelvorBlue.rcc", u"ZelvorGreen.rcc"}) {
         auto copied =
-            ReadDeviceFile(Dev().FileSystem(), JoinDevicePath(Dev().ProgramDirectory(), name));
+            ReadDeviceFile(Fs(), JoinDevicePath(Dev().ProgramDirectory(), name));
         std::ifstream in(Demo().skins / ToUtf8(name), std::ios::binary);
         std::string original((std::istreambuf_iterator<char>(in)),
                              std::istreambuf_iterator<char>());
         EXPECT_EQ(std::string(reinterpret_cast<const char*>(copied.data()), copied.size()),
                   original);
     }
-    EXPECT_EQ(Dev().FileSystem().GetAttributes(
+    EXPECT_EQ(Fs().GetAttributes(
                   JoinDevicePath(Dev().ProgramDirectory(), u"ZelvorRed.rcc")),
               kInvalidAttributes);
 }
