@@ -50,6 +50,8 @@ bool HostApplicationShell::LoadFrame() {
 }
 
 void HostApplicationShell::ShowFrame() {
+    // A host has no show state handed to a program at its start: the frame
+    // is shown as it was placed, over the screen or as a window of its size.
     m_frame->show();
     m_frame->raise();
     m_frame->activateWindow();
