@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QWidget>
 
 #include "library/track_list.h"
@@ -73,6 +75,20 @@ public:
     }
     QWidget* Widget() override { return this; }
     std::function<void()> onDestroy;
+    std::vector<int> keys;     // Qt key codes pressed on the pane
+    std::vector<QPoint> taps;  // where the pane was tapped (released)
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Escape) {
+            event->ignore(); // left to the frame, as the real screen does
+            return;
+        }
+        keys.push_back(event->key());
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        taps.push_back(event->position().toPoint());
+    }
 };
 
 class FakeBrowserScreen final : public QWidget, public RecordingBrowser {

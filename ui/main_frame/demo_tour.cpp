@@ -22,8 +22,8 @@ constexpr int kQueuePollMs = 100;
 
 } // namespace
 
-DemoTour::DemoTour(CMainFrame& frame, QString folder, QObject* parent)
-    : QObject(parent), m_frame(frame), m_folder(std::move(folder)) {
+DemoTour::DemoTour(CMainFrame& frame, QString folder, double pace, QObject* parent)
+    : QObject(parent), m_frame(frame), m_folder(std::move(folder)), m_pace(pace) {
     m_steps = {
         {"first-start", [] {}, 300},
         {"library-found", [] {}, 300},
@@ -41,7 +41,7 @@ DemoTour::DemoTour(CMainFrame& frame, QString folder, QObject* parent)
 
 void DemoTour::Start() {
     QDir().mkpath(m_folder);
-    QTimer::singleShot(m_steps[0].settleMs, this, [this] { Snapshot(0); });
+    QTimer::singleShot(Paced(m_steps[0].settleMs), this, [this] { Snapshot(0); });
 }
 
 void DemoTour::RunStep(std::size_t index) {
@@ -54,7 +54,11 @@ void DemoTour::RunStep(std::size_t index) {
         return;
     }
     m_steps[index].action();
-    QTimer::singleShot(m_steps[index].settleMs, this, [this, index] { Snapshot(index); });
+    QTimer::singleShot(Paced(m_steps[index].settleMs), this, [this, index] { Snapshot(index); });
+}
+
+int DemoTour::Paced(int milliseconds) const {
+    return static_cast<int>(milliseconds * m_pace);
 }
 
 void DemoTour::WaitForQueue(std::size_t index, int waitedMs) {
@@ -64,7 +68,7 @@ void DemoTour::WaitForQueue(std::size_t index, int waitedMs) {
                            [this, index, waitedMs] { WaitForQueue(index, waitedMs + kQueuePollMs); });
         return;
     }
-    QTimer::singleShot(m_steps[index].settleMs, this, [this, index] { Snapshot(index); });
+    QTimer::singleShot(Paced(m_steps[index].settleMs), this, [this, index] { Snapshot(index); });
 }
 
 void DemoTour::Snapshot(std::size_t index) {

@@ -8,6 +8,7 @@
 // the frame is asked to close, as the shell would.
 //
 // The frame is borrowed and must outlive the tour (it ends with the frame).
+// pace scales every wait (1 = as a person would watch it; tests go faster).
 
 #include <QObject>
 #include <QString>
@@ -21,7 +22,7 @@ class CMainFrame;
 class DemoTour final : public QObject {
     Q_OBJECT
 public:
-    DemoTour(CMainFrame& frame, QString folder, QObject* parent = nullptr);
+    DemoTour(CMainFrame& frame, QString folder, double pace = 1.0, QObject* parent = nullptr);
     void Start();
 
     // One line per picture saved: "step: file".
@@ -39,9 +40,11 @@ private:
     void Key(int qtKey);
     void TapButton(int button, double across = 0.5);
     void ChangeColour();
+    int Paced(int milliseconds) const;
 
     CMainFrame& m_frame;
     QString m_folder;
+    double m_pace;
     std::vector<Step> m_steps;
     QStringList m_saved;
 };
