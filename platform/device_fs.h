@@ -151,8 +151,10 @@ private:
     struct Binding {
         std::u16string prefix; // normalized device path
         std::filesystem::path host;
+        bool hostIsReal = false; // existed when bound: host is its canonical path
     };
     std::filesystem::path m_hostRoot;
+    bool m_hostRootIsReal = false;
     std::vector<Binding> m_bindings;
 };
 

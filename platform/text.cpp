@@ -126,9 +126,42 @@ std::u16string DecodeSingleByte(std::string_view bytes) {
         std::lock_guard guard(page.lock);
         name = page.name;
     }
-    icu::UnicodeString u(bytes.data(), static_cast<int32_t>(bytes.size()), name.c_str());
-    return std::u16string(reinterpret_cast<const char16_t*>(u.getBuffer()),
-                          static_cast<size_t>(u.length()));
+    // Opening a converter by name costs more than converting a tag field, and
+    // the tag readers convert several per file: each thread keeps the one it
+    // opened last. Converters are not shared between threads.
+    struct CachedConverter {
+        std::string name;
+        UConverter* converter = nullptr;
+        ~CachedConverter() {
+            if (converter)
+                ucnv_close(converter);
+        }
+    };
+    thread_local CachedConverter cached;
+    if (cached.converter == nullptr || cached.name != name) {
+        if (cached.converter)
+            ucnv_close(cached.converter);
+        UErrorCode status = U_ZERO_ERROR;
+        cached.converter = ucnv_open(name.c_str(), &status);
+        if (U_FAILURE(status))
+            cached.converter = nullptr;
+        cached.name = name;
+    }
+    if (cached.converter == nullptr)
+        return {};
+    std::u16string out(bytes.size() * 2, u'\0');
+    for (;;) {
+        UErrorCode status = U_ZERO_ERROR;
+        int32_t length = ucnv_toUChars(cached.converter, reinterpret_cast<UChar*>(out.data()),
+                                       static_cast<int32_t>(out.size()), bytes.data(),
+                                       static_cast<int32_t>(bytes.size()), &status);
+        if (status == U_BUFFER_OVERFLOW_ERROR) {
+            out.resize(static_cast<size_t>(length));
+            continue;
+        }
+        out.resize(U_SUCCESS(status) ? static_cast<size_t>(length) : 0);
+        return out;
+    }
 }
 
 std::u16string DecodeSingleByte(std::span<const std::byte> bytes) {

@@ -5,34 +5,13 @@
 // button's rectangle, without erasing; setting the state a button already
 // has repaints nothing.
 
+#include "playback/player_button_ids.h"
 #include <array>
 
 #include "playback/play_state.h"
 #include "playback/player_view.h"
 
 namespace zelvor {
-
-// Button indices: a button's identity on the player screen.
-enum PlayerButton : int {
-    kButtonNext = 0,
-    kButtonPrevious = 1,
-    kButtonStop = 2,
-    kButtonPlay = 3,
-    kButtonPause = 4,
-    kButtonSeekBar = 5,
-    kButtonVolumeUp = 6,
-    kButtonVolumeDown = 7,
-    kButtonRepeatOff = 8,
-    kButtonRepeatOne = 9,
-    kButtonRepeatAll = 10,
-    kButtonRandomOff = 11,
-    kButtonRandomOn = 12,
-    kButtonLibrary = 13,
-    kButtonHide = 14,
-    kButtonDisplayOff = 15,
-    kButtonMenu = 16,
-    kButtonCount = 17,
-};
 
 class PlayerButtons {
 public:

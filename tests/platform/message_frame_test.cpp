@@ -25,8 +25,7 @@ TEST(MessageFrame, RoundTripsEveryFieldIncludingNegativeLParam) {
 
 TEST(MessageFrame, AnythingButExactlyOneWellFormedFrameIsRejected) {
     auto good = ToVector(EncodeRequest({MessageKind::Post, {1, 2, 3}}));
-    auto truncated = good;
-    truncated.pop_back();
+    std::vector<std::byte> truncated(good.begin(), good.end() - 1);
     auto oversized = good;
     oversized.push_back(std::byte{0});
     auto badMagic = good;

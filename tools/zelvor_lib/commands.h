@@ -36,5 +36,17 @@ std::optional<OpenedListFile> OpenListFile(const CommandLine& cmd, const std::st
                                            std::string* error);
 // The header line and one line per record, as dump prints a library file.
 void PrintTrackList(const LibraryHeader& header, bool headerRead, const TrackList& list);
+int RunTagsCommand(const Arguments& args);
+int RunStripCommand(const Arguments& args);
+int RunScanCommand(const Arguments& args);
+
+// For commands that take files (tags, strip): without --root, --card or
+// --flash the files are host paths, read through a device rooted at the
+// host's "/"; with one of them they are device paths. Sets hostPaths and
+// makes the device current.
+class CommandLine;
+std::unique_ptr<Device> OpenDeviceForFiles(const CommandLine& cmd, bool& hostPaths,
+                                           std::string* error);
+std::u16string DevicePathOfFile(const std::string& argument, bool hostPath);
 
 } // namespace zelvor

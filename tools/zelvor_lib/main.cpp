@@ -21,6 +21,10 @@ constexpr Command kCommands[] = {
     {"sort", "sort [--root DIR] FILE.qdx --key K [--order O]", zelvor::RunSortCommand},
     {"play", "play FILE... [--seconds N] [--sink auto|fake|wav:PATH] [--random] [--repeat 0|1|2]",
      zelvor::RunPlayCommand},
+    {"tags", "tags [--raw] [--root DIR] FILE...", zelvor::RunTagsCommand},
+    {"strip", "strip [--root DIR] FILE", zelvor::RunStripCommand},
+    {"scan", "scan --root DIR [--card DIR] [--flash DIR] [--mode 1|3|4] [--write] [--list]",
+     zelvor::RunScanCommand},
 };
 
 int Usage() {

@@ -15,6 +15,7 @@
 #include <cstdint>
 #include <span>
 
+#include "playback/player_button_ids.h"
 #include "res/bitmap_ids.h"
 #include "ui/layout/pixel_geometry.h"
 
@@ -27,26 +28,6 @@ constexpr ScreenOrientation OrientationOf(int screenWidth, int screenHeight) {
     return screenHeight > screenWidth ? ScreenOrientation::Portrait : ScreenOrientation::Landscape;
 }
 
-enum PlayerButton : int {
-    kButtonNext = 0,
-    kButtonPrevious = 1,
-    kButtonStop = 2,
-    kButtonPlay = 3,
-    kButtonPause = 4,
-    kButtonSeekBar = 5,
-    kButtonVolumeUp = 6,
-    kButtonVolumeDown = 7,
-    kButtonRepeatOff = 8,
-    kButtonRepeatOne = 9,
-    kButtonRepeatAll = 10,
-    kButtonRandomOff = 11,
-    kButtonRandomOn = 12,
-    kButtonLibrary = 13,
-    kButtonHide = 14,
-    kButtonDisplayOff = 15,
-    kButtonMenu = 16,
-};
-constexpr int kPlayerButtonCount = 17;
 
 struct PlayerButtonPlace {
     BitmapId normal = 0;

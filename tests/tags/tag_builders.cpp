@@ -1,0 +1,188 @@
+#include "tests/tags/tag_builders.h"
+
+#include <algorithm>
+
+#include "tests/support/test_device.h"
+
+namespace zelvor::testing {
+namespace {
+
+std::string LittleEndian(std::uint64_t v, int width) {
+    std::string out;
+    for (int i = 0; i < width; ++i)
+        out.push_back(static_cast<char>((v >> (8 * i)) & 0xFF));
+    return out;
+}
+
+const std::string kTwoZeros(2, '\0');
+
+} // namespace
+
+std::string Le16(std::uint32_t v) {
+    return LittleEndian(v, 2);
+}
+std::string Le32(std::uint32_t v) {
+    return LittleEndian(v, 4);
+}
+std::string Le64(std::uint64_t v) {
+    return LittleEndian(v, 8);
+}
+
+std::string Be24(std::uint32_t v) {
+    return {static_cast<char>(v >> 16), static_cast<char>(v >> 8), static_cast<char>(v)};
+}
+
+std::string Be32(std::uint32_t v) {
+    return {static_cast<char>(v >> 24), static_cast<char>(v >> 16), static_cast<char>(v >> 8),
+            static_cast<char>(v)};
+}
+
+std::string SevenBit32(std::uint32_t v) {
+    return {static_cast<char>((v >> 21) & 0x7F), static_cast<char>((v >> 14) & 0x7F),
+            static_cast<char>((v >> 7) & 0x7F), static_cast<char>(v & 0x7F)};
+}
+
+std::span<const std::byte> AsBytes(std::string_view bytes) {
+    return {reinterpret_cast<const std::byte*>(bytes.data()), bytes.size()};
+}
+
+std::span<std::byte> AsWritableBytes(std::string& bytes) {
+    return {reinterpret_cast<std::byte*>(bytes.data()), bytes.size()};
+}
+
+MemoryFile MemoryFileOf(std::string_view bytes) {
+    return MemoryFile(AsBytes(bytes));
+}
+
+std::string Id3v2Header(std::uint8_t major, std::uint32_t size, std::uint8_t flags) {
+    return std::string("ID3") + static_cast<char>(major) + '\0' + static_cast<char>(flags) +
+           SevenBit32(size);
+}
+
+std::string Id3v2TagBytes(std::uint8_t major, std::string_view body, std::uint8_t flags) {
+    return Id3v2Header(major, static_cast<std::uint32_t>(body.size()), flags) + std::string(body);
+}
+
+std::string Frame4(std::string_view id, std::string_view body) {
+    return std::string(id) + SevenBit32(static_cast<std::uint32_t>(body.size())) + kTwoZeros +
+           std::string(body);
+}
+
+std::string Frame4Plain(std::string_view id, std::string_view body) {
+    return std::string(id) + Be32(static_cast<std::uint32_t>(body.size())) + kTwoZeros +
+           std::string(body);
+}
+
+std::string Frame3(std::string_view id, std::string_view body) {
+    return std::string(id) + Be24(static_cast<std::uint32_t>(body.size())) + std::string(body);
+}
+
+std::string Latin1Text(std::string_view text) {
+    return std::string(1, '\0') + std::string(text);
+}
+
+std::string Utf16Text(std::u16string_view text) {
+    return std::string(1, '\1') + Utf16Le(text, true);
+}
+
+std::string Id3v1(const Id3v1Fields& f) {
+    std::string tag(128, '\0');
+    auto put = [&](std::size_t offset, std::size_t size, const std::string& text) {
+        tag.replace(offset, std::min(size, text.size()), text.substr(0, size));
+    };
+    tag.replace(0, 3, "TAG");
+    put(3, 30, f.title);
+    put(33, 30, f.artist);
+    put(63, 30, f.album);
+    put(93, 4, f.year);
+    put(97, f.track ? 28 : 30, f.comment);
+    if (f.track) {
+        tag[125] = '\0';
+        tag[126] = static_cast<char>(*f.track);
+    }
+    tag[127] = static_cast<char>(f.genre);
+    return tag;
+}
+
+std::uint32_t MpegHeaderValue(const MpegHeaderBits& b) {
+    return 0xFFE00000u | (b.versionBits & 3) << 19 | (b.layerBits & 3) << 17 |
+           (b.protection & 1) << 16 | (b.bitRateIndex & 15) << 12 | (b.sampleRateIndex & 3) << 10 |
+           (b.padding & 1) << 9 | (b.channelMode & 3) << 6 | (b.copyright & 1) << 3 |
+           (b.original & 1) << 2 | (b.emphasis & 3);
+}
+
+std::string MpegHeader(const MpegHeaderBits& b) {
+    return Be32(MpegHeaderValue(b));
+}
+
+std::string AsfObject(const AsfGuid& guid, std::string_view body) {
+    return std::string(guid.begin(), guid.end()) + Le64(24 + body.size()) + std::string(body);
+}
+
+std::string AsfHeader(std::uint32_t count, std::string_view children, std::uint8_t reserved1,
+                      std::uint8_t reserved2) {
+    std::string body = Le32(count) + static_cast<char>(reserved1) + static_cast<char>(reserved2);
+    return AsfObject(kAsfHeaderObject, body + std::string(children));
+}
+
+std::string AsfContentDescription(std::u16string_view title, std::u16string_view author,
+                                  std::u16string_view copyright) {
+    std::string t = Utf16Le(title) + kTwoZeros;
+    std::string a = Utf16Le(author) + kTwoZeros;
+    std::string c = Utf16Le(copyright) + kTwoZeros;
+    std::string body = Le16(static_cast<std::uint32_t>(t.size())) +
+                       Le16(static_cast<std::uint32_t>(a.size())) +
+                       Le16(static_cast<std::uint32_t>(c.size())) + Le16(0) + Le16(0) + t + a + c;
+    return AsfObject(kAsfContentDescriptionObject, body);
+}
+
+std::string AsfFileProperties(std::uint64_t playDuration, std::uint32_t flags) {
+    // File id (16), file size, creation date, packet count (8 each), play
+    // duration at 64, send duration, preroll, flags at 88, packet sizes, bit rate.
+    std::string body(16, '\x11');
+    body += Le64(12345) + Le64(0) + Le64(10) + Le64(playDuration) + Le64(playDuration) +
+            Le64(3100) + Le32(flags) + Le32(3200) + Le32(3200) + Le32(128000);
+    return AsfObject(kAsfFilePropertiesObject, body);
+}
+
+std::string AsfStringValue(std::u16string_view text) {
+    return Utf16Le(text) + kTwoZeros;
+}
+
+std::string AsfExtendedContent(std::initializer_list<AsfDescriptor> descriptors) {
+    std::string body = Le16(static_cast<std::uint32_t>(descriptors.size()));
+    for (const AsfDescriptor& d : descriptors) {
+        std::string name = Utf16Le(d.name) + kTwoZeros;
+        body += Le16(static_cast<std::uint32_t>(name.size())) + name + Le16(d.type) +
+                Le16(static_cast<std::uint32_t>(d.value.size())) + d.value;
+    }
+    return AsfObject(kAsfExtendedContentDescriptionObject, body);
+}
+
+std::string AsfCodecList(std::initializer_list<std::uint16_t> types) {
+    std::string body(16, '\0'); // reserved GUID
+    body += Le32(static_cast<std::uint32_t>(types.size()));
+    for (std::uint16_t type : types) {
+        std::string name = Utf16Le(u"Codec") + kTwoZeros;
+        std::string description = Utf16Le(u"About") + kTwoZeros;
+        body += Le16(type) + Le16(static_cast<std::uint32_t>(name.size() / 2)) + name +
+                Le16(static_cast<std::uint32_t>(description.size() / 2)) + description + Le16(2) +
+                "\x61\x01";
+    }
+    return AsfObject(kAsfCodecListObject, body);
+}
+
+std::string AdtsFrame(const AdtsBits& b) {
+    std::string frame(std::max<std::uint32_t>(b.frameLength, 7), '\0');
+    frame[0] = '\xFF';
+    frame[1] = static_cast<char>(b.protectionAbsent ? 0xF1 : 0xF0);
+    frame[2] = static_cast<char>((b.profile & 3) << 6 | (b.samplingIndex & 15) << 2 |
+                                 ((b.channels >> 2) & 1));
+    frame[3] = static_cast<char>((b.channels & 3) << 6 | ((b.frameLength >> 11) & 3));
+    frame[4] = static_cast<char>((b.frameLength >> 3) & 0xFF);
+    frame[5] = static_cast<char>((b.frameLength & 7) << 5 | 0x1F);
+    frame[6] = static_cast<char>(0xFC);
+    return frame;
+}
+
+} // namespace zelvor::testing
