@@ -32,6 +32,7 @@
 #include "app/window_messages.h"
 #include "platform/device.h"
 #include "platform/text.h"
+#include "tags/build_track_record.h"
 #include "ui/main_frame/demo_tour.h"
 #include "ui/main_frame/host_application.h"
 #include "ui/main_frame/placeholder_player_pane.h"
@@ -127,14 +128,6 @@ void CloseOnTerminationSignals(HostApplicationShell& shell, QObject* owner) {
     std::signal(SIGTERM, OnTerminationSignal);
 }
 
-// The record builder until the tag readers are built in: a record with the
-// path, titled by the file name.
-std::unique_ptr<TrackRecord> FileNameRecord(std::u16string_view path, int) {
-    auto record = std::make_unique<TrackRecord>();
-    record->SetField(kFieldPath, path);
-    return record;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -155,7 +148,9 @@ int main(int argc, char** argv) {
     HostApplicationOptions hostOptions;
     hostOptions.deviceRoot = device->Root();
     hostOptions.screen = options.screen;
-    hostOptions.builder = FileNameRecord;
+    hostOptions.builder = [](std::u16string_view path, int typeCode) {
+        return BuildTrackRecord(path, typeCode);
+    };
     hostOptions.panes.player = [](QWidget* parent, FrameMessages& frame) {
         return std::make_unique<PlaceholderPlayerPane>(parent, frame);
     };
