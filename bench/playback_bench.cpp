@@ -94,7 +94,7 @@ void TrackChangeGap(benchmark::State& state, const char* extension) {
             tracks.AddTrack(std::move(record));
         }
         SavePlayerSettings({false, 0, false, 10});
-        AudioSinkSpec sink{AudioSinkSpec::Kind::Wav, device.Root() / "gap.wav", true};
+        AudioSinkChoice sink{AudioSinkChoice::Kind::Wav, device.Root() / "gap.wav", true};
         {
             GstGraphFactory factory(sink);
             testing::RecordingPlayerView view;

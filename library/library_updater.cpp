@@ -144,7 +144,7 @@ bool LibraryUpdater::SearchLevels(std::array<Level, kMaxScanLevels>& levels, int
         bool areaFull = false;
         auto searchFolder = [&](std::u16string_view folder) {
             FindData data;
-            auto find = Fs().FindFirst(PatternOf(folder), data);
+            auto find = Fs().FindFirst(PatternOf(folder), data, FindDetail::TypeOnly);
             if (!find)
                 return;
             do {
@@ -201,7 +201,7 @@ void LibraryUpdater::SweepFiles(const std::array<Level, kMaxScanLevels>& levels,
             if (m_stopped)
                 return;
             FindData data;
-            auto find = Fs().FindFirst(PatternOf(folder), data);
+            auto find = Fs().FindFirst(PatternOf(folder), data, FindDetail::Attributes);
             if (!find)
                 return;
             int entry = 0;
@@ -257,7 +257,7 @@ int LibraryUpdater::AddFoundFilesToLibrary() {
 
 int IsFolderEmpty(std::u16string_view path) {
     FindData data;
-    auto find = Fs().FindFirst(PatternOf(path), data);
+    auto find = Fs().FindFirst(PatternOf(path), data, FindDetail::TypeOnly);
     if (!find)
         return 1;
     do {

@@ -47,9 +47,9 @@ std::uint64_t ToFileTime(const struct timespec& ts) {
            static_cast<std::uint64_t>(ts.tv_nsec) / 100;
 }
 
-std::uint32_t AttributesOf(const fs::path& host, const struct stat& st) {
+std::uint32_t AttributesOf(const fs::path& host, const struct stat& st, bool mayBeFat = true) {
     bool isDir = S_ISDIR(st.st_mode);
-    std::uint32_t attrs = ReadStoredAttributes(host).value_or(isDir ? 0 : kAttrArchive);
+    std::uint32_t attrs = ReadStoredAttributes(host, mayBeFat).value_or(isDir ? 0 : kAttrArchive);
     if ((st.st_mode & S_IWUSR) == 0)
         attrs |= kAttrReadOnly;
     if (isDir)
@@ -57,18 +57,45 @@ std::uint32_t AttributesOf(const fs::path& host, const struct stat& st) {
     return attrs;
 }
 
-bool FillFindData(const fs::path& host, std::u16string name, FindData& out) {
-    struct stat st {};
-    if (::stat(host.c_str(), &st) != 0)
-        return false;
-    out.attributes = AttributesOf(host, st);
-    struct stat link {};
-    if (::lstat(host.c_str(), &link) == 0 && S_ISLNK(link.st_mode))
-        out.attributes |= kAttrReparsePoint;
+void FillTimes(const struct stat& st, FindData& out) {
     out.creationTime = ToFileTime(st.st_ctim);
     out.lastAccessTime = ToFileTime(st.st_atim);
     out.lastWriteTime = ToFileTime(st.st_mtim);
     out.size = S_ISDIR(st.st_mode) ? 0 : static_cast<std::uint64_t>(st.st_size);
+}
+
+// One entry of an open folder. The stat goes relative to the folder's
+// descriptor: a listing must not walk the whole path again for every entry.
+bool FillFindDataAt(int dirFd, const char* entry, const fs::path& host, bool mayBeFat,
+                    std::u16string name, FindData& out) {
+    struct stat st {};
+    if (::fstatat(dirFd, entry, &st, AT_SYMLINK_NOFOLLOW) != 0)
+        return false;
+    bool isLink = S_ISLNK(st.st_mode);
+    if (isLink && ::fstatat(dirFd, entry, &st, 0) != 0)
+        return false; // a dangling link
+    out.attributes = AttributesOf(host, st, mayBeFat) | (isLink ? kAttrReparsePoint : 0);
+    FillTimes(st, out);
+    out.name = std::move(name);
+    return true;
+}
+
+bool FillFindData(const fs::path& host, std::u16string name, FindData& out) {
+    return FillFindDataAt(AT_FDCWD, host.c_str(), host, true, std::move(name), out);
+}
+
+// The lighter details from the entry's type as the folder listing gives it;
+// a file system that gives no type falls back to a full stat.
+bool FillLightFindData(int dirFd, const dirent& entry, const fs::path& host, bool mayBeFat,
+                       FindDetail detail, std::u16string name, FindData& out) {
+    if (entry.d_type == DT_UNKNOWN || entry.d_type == DT_LNK)
+        return FillFindDataAt(dirFd, entry.d_name, host, mayBeFat, std::move(name), out);
+    out = FindData{};
+    const bool isDir = entry.d_type == DT_DIR;
+    if (detail == FindDetail::Attributes)
+        out.attributes = ReadStoredAttributes(host, mayBeFat).value_or(isDir ? 0 : kAttrArchive);
+    if (isDir)
+        out.attributes |= kAttrDirectory;
     out.name = std::move(name);
     return true;
 }
@@ -106,19 +133,68 @@ bool IsWithin(const fs::path& path, const fs::path& base) {
     return b == base.end();
 }
 
+// Yields a folder's entries as they are asked for, so a caller that stops
+// early (an emptiness test) pays for one entry, not the whole folder. Bound
+// folders that appear in this folder come last, in place of any host entry
+// of the same name.
 class HostFindHandle final : public FindHandle {
 public:
-    explicit HostFindHandle(std::vector<FindData> entries) : m_entries(std::move(entries)) {}
+    HostFindHandle(DIR* dir, fs::path folder, std::u16string pattern, std::vector<FindData> bound,
+                   FindDetail detail)
+        : m_dir(dir), m_folder(std::move(folder)), m_pattern(std::move(pattern)),
+          m_bound(std::move(bound)), m_detail(detail),
+          m_mayBeFat(dir && IsFatFolder(::dirfd(dir))) {}
+    ~HostFindHandle() override {
+        if (m_dir)
+            ::closedir(m_dir);
+    }
+    HostFindHandle(const HostFindHandle&) = delete;
+    HostFindHandle& operator=(const HostFindHandle&) = delete;
+
     bool Next(FindData& out) override {
-        if (m_next >= m_entries.size())
+        while (m_dir) {
+            dirent* entry = ::readdir(m_dir);
+            if (!entry) {
+                ::closedir(m_dir);
+                m_dir = nullptr;
+                break;
+            }
+            std::string_view raw = entry->d_name;
+            if (raw == "." || raw == "..")
+                continue;
+            std::u16string name = FromUtf8(raw);
+            if (!MatchesWildcard(name, m_pattern) || IsBound(name))
+                continue;
+            bool filled = m_detail == FindDetail::Full
+                              ? FillFindDataAt(::dirfd(m_dir), entry->d_name, m_folder / raw,
+                                               m_mayBeFat, std::move(name), out)
+                              : FillLightFindData(::dirfd(m_dir), *entry, m_folder / raw,
+                                                  m_mayBeFat, m_detail, std::move(name), out);
+            if (filled)
+                return true;
+        }
+        if (m_nextBound >= m_bound.size())
             return false;
-        out = std::move(m_entries[m_next++]);
+        out = std::move(m_bound[m_nextBound++]);
         return true;
     }
 
 private:
-    std::vector<FindData> m_entries;
-    size_t m_next = 0;
+    bool IsBound(std::u16string_view name) const {
+        for (const FindData& b : m_bound) {
+            if (EqualsIgnoreCase(b.name, name))
+                return true;
+        }
+        return false;
+    }
+
+    DIR* m_dir;
+    fs::path m_folder;
+    std::u16string m_pattern;
+    std::vector<FindData> m_bound;
+    size_t m_nextBound = 0;
+    FindDetail m_detail;
+    bool m_mayBeFat;
 };
 
 class PosixFile final : public DeviceFile {
@@ -263,7 +339,7 @@ std::optional<fs::path> DeviceFileSystem::ToHostPath(std::u16string_view deviceP
 }
 
 std::unique_ptr<FindHandle> DeviceFileSystem::FindFirst(std::u16string_view pattern,
-                                                        FindData& first) const {
+                                                        FindData& first, FindDetail detail) const {
     std::u16string normalized = NormalizePath(pattern);
     std::u16string_view folder = DeviceFolderOf(normalized);
     std::u16string_view namePattern = DeviceNameOf(normalized);
@@ -273,40 +349,26 @@ std::unique_ptr<FindHandle> DeviceFileSystem::FindFirst(std::u16string_view patt
     if (!resolvedFolder)
         return nullptr;
 
-    std::vector<FindData> entries;
-    if (DIR* dir = ::opendir(resolvedFolder->host.c_str())) {
-        while (dirent* entry = ::readdir(dir)) {
-            std::string_view raw = entry->d_name;
-            if (raw == "." || raw == "..")
-                continue;
-            std::u16string name = FromUtf8(raw);
-            if (!MatchesWildcard(name, namePattern))
-                continue;
-            FindData data;
-            if (FillFindData(resolvedFolder->host / raw, std::move(name), data))
-                entries.push_back(std::move(data));
-        }
-        ::closedir(dir);
-    }
-
-    // Bound folders show up in their parent like mount points, in place of
-    // whatever the host root holds under the same name.
+    // Bound folders show up in their parent like mount points.
+    std::vector<FindData> bound;
     std::u16string parent = NormalizePath(folder);
     for (const Binding& b : m_bindings) {
         if (!EqualsIgnoreCase(NormalizePath(DeviceFolderOf(b.prefix)), parent))
             continue;
         std::u16string name(DeviceNameOf(b.prefix));
-        std::erase_if(entries, [&](const FindData& e) { return EqualsIgnoreCase(e.name, name); });
         FindData data;
         if (MatchesWildcard(name, namePattern) && FillFindData(b.host, name, data))
-            entries.push_back(std::move(data));
+            bound.push_back(std::move(data));
     }
-
-    if (entries.empty())
+    DIR* dir = ::opendir(resolvedFolder->host.c_str());
+    if (!dir && bound.empty())
         return nullptr;
-    first = std::move(entries.front());
-    entries.erase(entries.begin());
-    return std::make_unique<HostFindHandle>(std::move(entries));
+    auto handle = std::make_unique<HostFindHandle>(dir, resolvedFolder->host,
+                                                   std::u16string(namePattern), std::move(bound),
+                                                   detail);
+    if (!handle->Next(first))
+        return nullptr;
+    return handle;
 }
 
 std::uint32_t DeviceFileSystem::GetAttributes(std::u16string_view path) const {

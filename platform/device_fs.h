@@ -75,6 +75,14 @@ public:
 
 enum class FileMode { Read, ReadWrite };
 
+// How much of each entry a listing fills in (FindFirstFileEx's basic info):
+// a walk that only tells folders from files need not stat every entry.
+enum class FindDetail {
+    Full,       // everything
+    Attributes, // name and attribute bits; no size, times or read-only bit
+    TypeOnly,   // name, and the directory and reparse-point bits only
+};
+
 struct DiskSpace {
     std::uint64_t freeBytesAvailableToCaller = 0;
     std::uint64_t totalBytes = 0;
@@ -111,7 +119,8 @@ public:
     // the wildcards "*" and "?" ("*.*" matches every name, as on the device).
     // Returns nullptr when nothing matches; otherwise the first match is in
     // `first` and the handle yields the rest. "." and ".." are never listed.
-    virtual std::unique_ptr<FindHandle> FindFirst(std::u16string_view pattern, FindData& first) const;
+    virtual std::unique_ptr<FindHandle> FindFirst(std::u16string_view pattern, FindData& first,
+                                                  FindDetail detail = FindDetail::Full) const;
 
     virtual std::uint32_t GetAttributes(std::u16string_view path) const;
     // Sets read-only, hidden, system and archive; the directory bit is ignored.

@@ -5,7 +5,9 @@
 
 #include <fcntl.h>
 #include <linux/msdos_fs.h>
+#include <linux/magic.h>
 #include <sys/ioctl.h>
+#include <sys/vfs.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
@@ -44,9 +46,12 @@ bool SetFatAttributes(const std::filesystem::path& host, std::uint32_t attribute
 
 } // namespace
 
-std::optional<std::uint32_t> ReadStoredAttributes(const std::filesystem::path& host) {
-    if (auto fat = FatAttributes(host))
-        return fat;
+std::optional<std::uint32_t> ReadStoredAttributes(const std::filesystem::path& host,
+                                                  bool mayBeFat) {
+    if (mayBeFat) {
+        if (auto fat = FatAttributes(host))
+            return fat;
+    }
     char buffer[16];
     ssize_t n = ::getxattr(host.c_str(), kXattrName, buffer, sizeof buffer);
     if (n <= 0)
@@ -56,6 +61,11 @@ std::optional<std::uint32_t> ReadStoredAttributes(const std::filesystem::path& h
     if (ec != std::errc() || end != buffer + n)
         return std::nullopt;
     return value & kStoredBits;
+}
+
+bool IsFatFolder(int dirFd) {
+    struct statfs info {};
+    return ::fstatfs(dirFd, &info) == 0 && info.f_type == MSDOS_SUPER_MAGIC;
 }
 
 bool WriteStoredAttributes(const std::filesystem::path& host, std::uint32_t attributes) {

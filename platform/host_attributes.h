@@ -9,8 +9,12 @@
 namespace zelvor {
 
 // The attribute bits stored for a host file, without the directory bit;
-// nullopt when none are stored (the caller picks the default).
-std::optional<std::uint32_t> ReadStoredAttributes(const std::filesystem::path& host);
+// nullopt when none are stored (the caller picks the default). mayBeFat
+// false skips the FAT query, for callers that know the folder is not FAT.
+std::optional<std::uint32_t> ReadStoredAttributes(const std::filesystem::path& host,
+                                                  bool mayBeFat = true);
+// Whether the folder open as dirFd lies on a FAT file system.
+bool IsFatFolder(int dirFd);
 // Stores the bits; false when the host file system can keep none of them.
 bool WriteStoredAttributes(const std::filesystem::path& host, std::uint32_t attributes);
 

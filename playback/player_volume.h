@@ -24,7 +24,7 @@ constexpr std::array<std::int32_t, kVolumeSteps> kVolumeTable = {
 class PlayerVolume {
 public:
     // The slots and view outlive this object.
-    PlayerVolume(GraphSlots& slots, PlayerView& view) : m_slots(slots), m_view(view) {}
+    PlayerVolume(GraphSlots& graphSlots, PlayerView& view) : m_slots(graphSlots), m_view(view) {}
 
     int Index() const { return m_index; }
     bool Muted() const { return m_muted; }

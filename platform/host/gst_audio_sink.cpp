@@ -93,29 +93,29 @@ GstElement* MakeWavSink(const std::shared_ptr<WavCapture>& capture) {
 
 } // namespace
 
-std::optional<AudioSinkSpec> ParseAudioSinkSpec(std::string_view text) {
-    AudioSinkSpec spec;
+std::optional<AudioSinkChoice> ParseAudioSinkChoice(std::string_view text) {
+    AudioSinkChoice sink;
     if (text == "auto")
-        return spec;
+        return sink;
     if (text == "fake") {
-        spec.kind = AudioSinkSpec::Kind::Fake;
-        return spec;
+        sink.kind = AudioSinkChoice::Kind::Fake;
+        return sink;
     }
     constexpr std::string_view kWav = "wav:";
     if (text.starts_with(kWav) && text.size() > kWav.size()) {
-        spec.kind = AudioSinkSpec::Kind::Wav;
-        spec.wavPath = std::string(text.substr(kWav.size()));
-        return spec;
+        sink.kind = AudioSinkChoice::Kind::Wav;
+        sink.wavPath = std::string(text.substr(kWav.size()));
+        return sink;
     }
     return std::nullopt;
 }
 
-AudioSinkSpec AudioSinkSpecFromEnvironment() {
+AudioSinkChoice AudioSinkFromEnvironment() {
     const char* value = std::getenv("ZELVOR_AUDIO_SINK");
     if (!value || !*value)
         return {};
-    if (auto spec = ParseAudioSinkSpec(value))
-        return *spec;
+    if (auto sink = ParseAudioSinkChoice(value))
+        return *sink;
     static std::once_flag warned;
     std::call_once(warned, [value] {
         std::fprintf(stderr, "zelvor: ZELVOR_AUDIO_SINK=%s names no sink; using auto\n", value);
@@ -123,13 +123,13 @@ AudioSinkSpec AudioSinkSpecFromEnvironment() {
     return {};
 }
 
-GstElement* MakeAudioSink(const AudioSinkSpec& spec, const std::shared_ptr<WavCapture>& capture) {
-    switch (spec.kind) {
-    case AudioSinkSpec::Kind::Fake:
+GstElement* MakeAudioSink(const AudioSinkChoice& sink, const std::shared_ptr<WavCapture>& capture) {
+    switch (sink.kind) {
+    case AudioSinkChoice::Kind::Fake:
         return MakeTimedFakeSink("fake-audio");
-    case AudioSinkSpec::Kind::Wav:
+    case AudioSinkChoice::Kind::Wav:
         return MakeWavSink(capture);
-    case AudioSinkSpec::Kind::Auto:
+    case AudioSinkChoice::Kind::Auto:
         break;
     }
     return gst_element_factory_make("autoaudiosink", nullptr);

@@ -15,7 +15,7 @@
 
 namespace zelvor {
 
-struct AudioSinkSpec {
+struct AudioSinkChoice {
     enum class Kind { Auto, Fake, Wav };
     Kind kind = Kind::Auto;
     std::filesystem::path wavPath;
@@ -24,14 +24,14 @@ struct AudioSinkSpec {
 };
 
 // nullopt when the text names no sink.
-std::optional<AudioSinkSpec> ParseAudioSinkSpec(std::string_view text);
+std::optional<AudioSinkChoice> ParseAudioSinkChoice(std::string_view text);
 // ZELVOR_AUDIO_SINK, or auto when it is unset or empty; a value that names
 // no sink is reported on standard error once and read as auto.
-AudioSinkSpec AudioSinkSpecFromEnvironment();
+AudioSinkChoice AudioSinkFromEnvironment();
 
 // A new floating sink element (or bin) for one graph, nullptr when the
 // elements are missing. The wav sink appends to the capture, which must be
 // given for Kind::Wav.
-GstElement* MakeAudioSink(const AudioSinkSpec& spec, const std::shared_ptr<WavCapture>& capture);
+GstElement* MakeAudioSink(const AudioSinkChoice& sink, const std::shared_ptr<WavCapture>& capture);
 
 } // namespace zelvor

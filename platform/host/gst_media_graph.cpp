@@ -37,9 +37,9 @@ void EnsureGstreamer() {
     std::call_once(once, [] { gst_init(nullptr, nullptr); });
 }
 
-GstMediaGraph::GstMediaGraph(AudioSinkSpec spec, std::shared_ptr<WavCapture> capture,
+GstMediaGraph::GstMediaGraph(AudioSinkChoice sink, std::shared_ptr<WavCapture> capture,
                              std::shared_ptr<std::atomic<std::int32_t>> level)
-    : m_spec(std::move(spec)), m_capture(std::move(capture)), m_level(std::move(level)) {}
+    : m_sink(std::move(sink)), m_capture(std::move(capture)), m_level(std::move(level)) {}
 
 GstMediaGraph::~GstMediaGraph() {
     {
@@ -142,7 +142,7 @@ HResult GstMediaGraph::RenderFile(const std::filesystem::path& file) {
     if (!m_playbin)
         return kEFail;
     gst_object_ref_sink(m_playbin);
-    GstElement* sink = MakeAudioSink(m_spec, m_capture);
+    GstElement* sink = MakeAudioSink(m_sink, m_capture);
     if (!sink)
         return kEFail;
     GError* error = nullptr;
@@ -356,19 +356,19 @@ HResult GstMediaGraph::PutVolume(std::int32_t volume) {
     return kOk;
 }
 
-GstGraphFactory::GstGraphFactory(AudioSinkSpec spec) : m_spec(std::move(spec)) {}
+GstGraphFactory::GstGraphFactory(AudioSinkChoice sink) : m_sink(std::move(sink)) {}
 
 HResult GstGraphFactory::CreateGraph(std::unique_ptr<MediaGraph>& graph) {
     EnsureGstreamer();
-    if (m_spec.kind == AudioSinkSpec::Kind::Wav && !m_capture) {
+    if (m_sink.kind == AudioSinkChoice::Kind::Wav && !m_capture) {
         std::string error;
-        m_capture = WavCapture::Create(m_spec.wavPath, m_spec.padGaps, &error);
+        m_capture = WavCapture::Create(m_sink.wavPath, m_sink.padGaps, &error);
         if (!m_capture) {
             std::fprintf(stderr, "zelvor: %s\n", error.c_str());
             return kEFail;
         }
     }
-    graph = std::make_unique<GstMediaGraph>(m_spec, m_capture, m_level);
+    graph = std::make_unique<GstMediaGraph>(m_sink, m_capture, m_level);
     return kOk;
 }
 

@@ -42,7 +42,7 @@ public:
 
     // The capture is needed for (and only used by) a wav sink. level holds
     // the volume (hundredths of a decibel) shared by the factory's graphs.
-    GstMediaGraph(AudioSinkSpec spec, std::shared_ptr<WavCapture> capture,
+    GstMediaGraph(AudioSinkChoice sink, std::shared_ptr<WavCapture> capture,
                   std::shared_ptr<std::atomic<std::int32_t>> level);
     ~GstMediaGraph() override;
     GstMediaGraph(const GstMediaGraph&) = delete;
@@ -81,7 +81,7 @@ private:
     // Seeks (flushing, accurate) to a media time and waits until it settled.
     HResult SeekAndSettle(std::int64_t current);
 
-    AudioSinkSpec m_spec;
+    AudioSinkChoice m_sink;
     std::shared_ptr<WavCapture> m_capture;
     std::shared_ptr<std::atomic<std::int32_t>> m_level;
     GstElement* m_playbin = nullptr;
@@ -105,14 +105,14 @@ private:
 
 class GstGraphFactory final : public MediaGraphFactory {
 public:
-    explicit GstGraphFactory(AudioSinkSpec spec = AudioSinkSpecFromEnvironment());
+    explicit GstGraphFactory(AudioSinkChoice sink = AudioSinkFromEnvironment());
     // kEFail when GStreamer or the capture file cannot be set up.
     HResult CreateGraph(std::unique_ptr<MediaGraph>& graph) override;
     // The wav capture, once the first graph made it.
     std::shared_ptr<WavCapture> Capture() const { return m_capture; }
 
 private:
-    AudioSinkSpec m_spec;
+    AudioSinkChoice m_sink;
     std::shared_ptr<WavCapture> m_capture;
     std::shared_ptr<std::atomic<std::int32_t>> m_level =
         std::make_shared<std::atomic<std::int32_t>>(0);

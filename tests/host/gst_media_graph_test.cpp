@@ -22,11 +22,11 @@ using testing::TempDir;
 constexpr std::int64_t kUnitsPerSecond = 10'000'000;
 constexpr std::int32_t kWaitMs = 20'000;
 
-AudioSinkSpec WavSink(const std::filesystem::path& path) {
-    AudioSinkSpec spec;
-    spec.kind = AudioSinkSpec::Kind::Wav;
-    spec.wavPath = path;
-    return spec;
+AudioSinkChoice WavSink(const std::filesystem::path& path) {
+    AudioSinkChoice sink;
+    sink.kind = AudioSinkChoice::Kind::Wav;
+    sink.wavPath = path;
+    return sink;
 }
 
 // Renders a file into a fresh graph of the factory.
@@ -156,7 +156,7 @@ TEST(GstVolume, ValuesOutsideTheRangeAreRefused) {
     TempDir dir;
     auto file = dir.Path() / "tone.mp3";
     ASSERT_TRUE(testing::MakeAudioFile(file, Codec::Mp3, 0.5));
-    GstGraphFactory factory(AudioSinkSpec{AudioSinkSpec::Kind::Fake, {}, false});
+    GstGraphFactory factory(AudioSinkChoice{AudioSinkChoice::Kind::Fake, {}, false});
     auto graph = Rendered(factory, file);
     EXPECT_EQ(graph->PutVolume(1), kEInvalidArg);
     EXPECT_EQ(graph->PutVolume(-10001), kEInvalidArg);
@@ -178,7 +178,7 @@ TEST(GstRender, AFileNoDecoderTakesFailsQuickly) {
         {"text.aac", "this is not audio at all\n"},
         {"truncated.wma", std::string("\x30\x26\xB2\x75\x8E\x66\xCF\x11", 8)},
     };
-    GstGraphFactory factory(AudioSinkSpec{AudioSinkSpec::Kind::Fake, {}, false});
+    GstGraphFactory factory(AudioSinkChoice{AudioSinkChoice::Kind::Fake, {}, false});
     for (const Case& c : cases) {
         auto path = dir.Path() / c.name;
         std::ofstream(path, std::ios::binary) << c.bytes;
@@ -195,7 +195,7 @@ TEST(GstEvents, StopDropsAnEndNotYetTakenAndWaitingNeedsARunningGraph) {
     TempDir dir;
     auto file = dir.Path() / "short.mp3";
     ASSERT_TRUE(testing::MakeAudioFile(file, Codec::Mp3, 0.3));
-    GstGraphFactory factory(AudioSinkSpec{AudioSinkSpec::Kind::Fake, {}, false});
+    GstGraphFactory factory(AudioSinkChoice{AudioSinkChoice::Kind::Fake, {}, false});
     auto graph = Rendered(factory, file);
     std::int32_t code = -1;
     EXPECT_EQ(graph->WaitForCompletion(kInfinite, &code), kVfwEWrongState);

@@ -34,8 +34,8 @@ TEST(GstPlayer, EndsOfStreamAdvanceTheQueueAndTheCaptureHoldsEveryTrack) {
     }
     SavePlayerSettings({false, 0, false, 10});
     auto capture = device.Root() / "album.wav";
-    AudioSinkSpec sink;
-    sink.kind = AudioSinkSpec::Kind::Wav;
+    AudioSinkChoice sink;
+    sink.kind = AudioSinkChoice::Kind::Wav;
     sink.wavPath = capture;
     {
         GstGraphFactory factory(sink);

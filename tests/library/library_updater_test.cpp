@@ -193,10 +193,11 @@ TEST_F(LibraryScan, NonAsciiAndLongNamesWork) {
 class LockedFolderFileSystem : public DeviceFileSystem {
 public:
     using DeviceFileSystem::DeviceFileSystem;
-    std::unique_ptr<FindHandle> FindFirst(std::u16string_view pattern, FindData& first) const override {
+    std::unique_ptr<FindHandle> FindFirst(std::u16string_view pattern, FindData& first,
+                                          FindDetail detail) const override {
         if (StartsWithIgnoreCase(pattern, u"\\Storage Card\\Locked\\"))
             return nullptr;
-        return DeviceFileSystem::FindFirst(pattern, first);
+        return DeviceFileSystem::FindFirst(pattern, first, detail);
     }
 };
 

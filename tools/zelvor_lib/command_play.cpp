@@ -24,6 +24,7 @@
 #include "playback/graph_notify_waiter.h"
 #include "playback/player.h"
 #include "playback/player_settings.h"
+#include "tags/build_track_record.h"
 #include "tools/zelvor_lib/command_line.h"
 #include "tools/zelvor_lib/commands.h"
 #include "tools/zelvor_lib/json_line.h"
@@ -154,9 +155,9 @@ int RunPlayCommand(const Arguments& args) {
         return Fail("--repeat takes 0, 1 or 2");
     if (seconds && *seconds < 0)
         return Fail("--seconds takes a number of seconds");
-    AudioSinkSpec sink = AudioSinkSpecFromEnvironment();
+    AudioSinkChoice sink = AudioSinkFromEnvironment();
     if (auto text = cmd.Value("--sink")) {
-        auto parsed = ParseAudioSinkSpec(*text);
+        auto parsed = ParseAudioSinkChoice(*text);
         if (!parsed)
             return Fail("unknown sink '" + *text + "'");
         sink = *parsed;
@@ -180,8 +181,13 @@ int RunPlayCommand(const Arguments& args) {
         auto path = HostFileOnDevice(arg);
         if (!path)
             return Fail("no such file: " + arg);
-        auto record = std::make_unique<TrackRecord>();
-        record->SetField(kFieldPath, *path);
+        // The tags name the track when they can be read; a file the readers
+        // refuse is still played, under its file name.
+        auto record = BuildTrackRecord(*path);
+        if (!record) {
+            record = std::make_unique<TrackRecord>();
+            record->SetField(kFieldPath, *path);
+        }
         files.AddTrack(std::move(record));
     }
     SavePlayerSettings({cmd.Has("--random"), static_cast<int>(repeat.value_or(0)), false, 10});

@@ -1,0 +1,212 @@
+// The player screen from creation to destruction: the start-up message
+// after its first paint, what the frame hands it, the settings and queue it
+// leaves behind, its two orientations and what it paints in them.
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+#include "app/window_messages.h"
+#include "playback/player_settings.h"
+#include "playlists/playlist_names.h"
+#include "tests/ui/player_screen_rig.h"
+
+namespace zelvor {
+namespace {
+using testing::ScreenRig;
+
+int CountPosted(const ScreenRig& rig, std::uint32_t message) {
+    return static_cast<int>(std::count_if(rig.frame.posted.begin(), rig.frame.posted.end(),
+                                          [&](const auto& m) { return m.message == message; }));
+}
+
+TEST(PlayerScreenLifecycle, TheFirstPaintAsksTheFrameOnceToCheckTheLibrary) {
+    ScreenRig rig;
+    rig.Screen().repaint();
+    rig.Screen().update();
+    QApplication::processEvents();
+    EXPECT_EQ(CountPosted(rig, kMsgStartupCheck), 1);
+    EXPECT_EQ(rig.frame.posted.front(), (WindowMessage{kMsgStartupCheck, 0, 0}));
+}
+
+TEST(PlayerScreenLifecycle, DestructionWritesTheSettingsAndTheQueueForTheNextStart) {
+    ScreenRig rig;
+    rig.PlayList({u"a.mp3", u"b.mp3", u"c.mp3"});
+    rig.TapButton(kButtonVolumeUp);
+    rig.TapButton(kButtonVolumeUp);
+    rig.TapButton(kButtonRepeatOff);
+    rig.TapButton(kButtonRandomOff);
+    rig.TapButton(kButtonPlay);
+    rig.DestroyScreen();
+
+    PlayerSettings saved = LoadPlayerSettings();
+    EXPECT_TRUE(saved.random);
+    EXPECT_EQ(saved.repeatMode, kRepeatOne);
+    EXPECT_FALSE(saved.muted);
+    EXPECT_EQ(saved.volumeIndex, 7);
+    EXPECT_EQ(rig.factory.liveGraphs, 0); // the graph was released
+
+    rig.MakeScreen(ScreenOrientation::Portrait);
+    EXPECT_EQ(rig.Screen().QueueCount(), 3);
+    EXPECT_EQ(rig.State(), kPlayStateStopped); // the first entry loaded, silent
+    EXPECT_EQ(rig.GetPlayer().Volume().Index(), 7);
+    EXPECT_EQ(rig.ButtonState(kButtonRandomOn), kDisplayNormal);
+    EXPECT_EQ(rig.ButtonState(kButtonRepeatOne), kDisplayNormal);
+}
+
+TEST(PlayerScreenLifecycle, TheShellStatusShowsTheIndicatorAndItsMessagePausesPlayback) {
+    ScreenRig rig;
+    rig.PlayList({u"a.mp3"});
+    rig.Screen().SetShellStatus(9999);
+    EXPECT_TRUE(rig.Screen().Control().IndicatorShown());
+    rig.Screen().SetShellStatus(0);
+    EXPECT_FALSE(rig.Screen().Control().IndicatorShown());
+
+    rig.Screen().OnShellPlayerMessage(); // stopped: nothing
+    EXPECT_EQ(rig.State(), kPlayStateStopped);
+    rig.TapButton(kButtonPlay);
+    rig.Screen().OnShellPlayerMessage();
+    EXPECT_EQ(rig.State(), kPlayStatePaused);
+    rig.Screen().OnShellPlayerMessage();
+    EXPECT_EQ(rig.State(), kPlayStatePaused);
+}
+
+TEST(PlayerScreenLifecycle, ARemovedCardReleasesTheTrackAndItsReturnPlaysItAgain) {
+    ScreenRig rig;
+    rig.PlayList({u"a.mp3", u"b.mp3"});
+    rig.TapButton(kButtonNext);
+    rig.TapButton(kButtonPlay);
+    rig.Screen().ReleaseCurrentTrack();
+    EXPECT_EQ(rig.factory.liveGraphs, 0);
+    EXPECT_EQ(rig.State(), kPlayStateStopped);
+
+    rig.Screen().Resume();
+    ASSERT_NE(rig.Graph(), nullptr);
+    EXPECT_EQ(rig.Graph()->File(), "b.mp3");
+    EXPECT_EQ(rig.State(), kPlayStatePlaying);
+    rig.Screen().Resume(); // nothing was released since
+    EXPECT_EQ(rig.factory.liveGraphs, 1);
+}
+
+TEST(PlayerScreenLifecycle, HandingAListToTheQueueReplacesIt) {
+    ScreenRig rig;
+    EXPECT_EQ(rig.Screen().QueueCount(), 0);
+    TrackList list = rig.MakeList({u"x.mp3", u"y.mp3"}, 30);
+    rig.Screen().ReplaceQueue(list);
+    EXPECT_EQ(rig.Screen().QueueCount(), 2);
+    EXPECT_EQ(rig.GetPlayer().Queue().CounterText(), u"1/2");
+    EXPECT_EQ(rig.ButtonState(kButtonNext), kDisplayNormal);
+}
+
+TEST(PlayerScreenLifecycle, TheLayoutFollowsTheScreenShape) {
+    ScreenRig rig;
+    rig.PlayList({u"a.mp3"}, 100);
+    rig.TapButton(kButtonPlay);
+    rig.Graph()->position = 50 * 10000000LL;
+    rig.Screen().OnTimer(kTimerPosition);
+    const double before = rig.GetPlayer().Position().Bar().thumbX;
+
+    rig.Screen().resize(320, 240);
+    EXPECT_EQ(rig.Screen().Orientation(), ScreenOrientation::Landscape);
+    const auto& landscape = PlayerLayoutFor(ScreenOrientation::Landscape);
+    EXPECT_EQ(rig.Screen().Geometry().buttons[kButtonNext].left,
+              landscape.buttons[kButtonNext].position.x);
+    const SeekBar& bar = rig.GetPlayer().Position().Bar();
+    EXPECT_EQ(bar.left, landscape.buttons[kButtonSeekBar].position.x);
+    EXPECT_GT(bar.thumbX, bar.left); // the thumb keeps its place along the track
+    EXPECT_LT(bar.thumbX, bar.right);
+    EXPECT_NE(bar.thumbX, before);
+
+    rig.Screen().resize(240, 320);
+    EXPECT_EQ(rig.Screen().Orientation(), ScreenOrientation::Portrait);
+}
+
+// A pixel of an image that is drawn (not keyed out), in screen pixels.
+std::optional<QPoint> OpaquePixel(const QImage& image, QPoint origin) {
+    for (int y = image.height() / 2; y < image.height(); ++y)
+        for (int x = image.width() / 2; x < image.width(); ++x)
+            if ((image.pixel(x, y) | 0xFF000000u) != 0xFFFF00FFu)
+                return origin + QPoint(x, y);
+    return std::nullopt;
+}
+
+class PlayerScreenPicture : public ::testing::TestWithParam<ScreenOrientation> {
+protected:
+    static QString Name(const char* state) {
+        return QStringLiteral("player_screen_%1_%2.png")
+            .arg(GetParam() == ScreenOrientation::Portrait ? "portrait" : "landscape", state);
+    }
+};
+
+TEST_P(PlayerScreenPicture, WithNothingToPlayTheTransportIsGreyedOut) {
+    ScreenRig rig(GetParam());
+    const QImage shot = rig.Screen().RenderScreen();
+    EXPECT_TRUE(shot.save(testing::ArtifactPath(Name("empty"))));
+    const PlayerLayout& layout = *rig.Screen().Geometry().layout;
+    const PlayerScreenImages images = LoadPlayerScreenImages(SkinResourceHandle(), layout);
+    for (int greyed : {kButtonNext, kButtonPrevious, kButtonPlay, kButtonStop}) {
+        SCOPED_TRACE(greyed);
+        const PlayerButtonPlace& place = layout.buttons[static_cast<std::size_t>(greyed)];
+        const QImage& image = images.buttons[static_cast<std::size_t>(greyed)].third;
+        const QPoint origin(place.position.x, place.position.y);
+        auto at = OpaquePixel(image, origin);
+        ASSERT_TRUE(at);
+        EXPECT_EQ(testing::PixelAt(shot, *at), testing::PixelAt(image, *at - origin));
+    }
+}
+
+TEST_P(PlayerScreenPicture, PaintsTheStateItShowsAndIsSavedForPeople) {
+    ScreenRig rig(GetParam());
+    rig.PlayList({u"Salt and Cedar by the Lowland Choir, recorded live.mp3", u"b.mp3", u"c.mp3"},
+                 3725);
+    rig.TapButton(kButtonPlay);
+    rig.Graph()->position = 1234 * 10000000LL;
+    rig.Screen().OnTimer(kTimerPosition);
+    rig.TapButton(kButtonRepeatOff);
+    rig.TapButton(kButtonVolumeUp);
+    rig.host.now.hour = 21;
+    rig.host.now.minute = 7;
+    rig.host.power = {kAcLineOffline, kBatteryFlagHigh, 70};
+    rig.Screen().OnTimer(kTimerClock);
+    rig.Screen().SetShellStatus(1);
+
+    const QImage shot = rig.Screen().RenderScreen();
+    const PixelSize size = rig.Screen().Geometry().layout->screen;
+    ASSERT_EQ(shot.size(), QSize(size.width, size.height));
+    EXPECT_TRUE(shot.save(testing::ArtifactPath(Name("playing"))));
+
+    // Pause shows where Play and Pause share their place; Repeat "one" where
+    // the three Repeat images do.
+    const PlayerLayout& layout = *rig.Screen().Geometry().layout;
+    const PlayerScreenImages images = LoadPlayerScreenImages(SkinResourceHandle(), layout);
+    for (int shown : {kButtonPause, kButtonRepeatOne, kButtonNext}) {
+        SCOPED_TRACE(shown);
+        const PlayerButtonPlace& place = layout.buttons[static_cast<std::size_t>(shown)];
+        const QImage& image = images.buttons[static_cast<std::size_t>(shown)].normal;
+        auto at = OpaquePixel(image, {place.position.x, place.position.y});
+        ASSERT_TRUE(at);
+        EXPECT_EQ(testing::PixelAt(shot, *at),
+                  testing::PixelAt(image, *at - QPoint(place.position.x, place.position.y)));
+    }
+
+    // Paused, the tapped time area shows the time left, with its marker.
+    rig.TapButton(kButtonPause);
+    const PixelRect time = ElementArea(rig.Screen().Geometry(), ScreenElement::TimeDigits);
+    rig.Tap({(time.left + time.right) / 2, (time.top + time.bottom) / 2});
+    rig.Screen().SetShellStatus(0);
+    const QImage paused = rig.Screen().RenderScreen();
+    EXPECT_TRUE(paused.save(testing::ArtifactPath(Name("paused"))));
+    const PixelRect marker = ElementArea(rig.Screen().Geometry(), ScreenElement::RemainingMarker);
+    const QRect markerRect(marker.left, marker.top, marker.Width(), marker.Height());
+    EXPECT_NE(paused.copy(markerRect), shot.copy(markerRect));
+    const PixelRect play = ButtonArea(rig.Screen().Geometry(), kButtonPlay);
+    const QRect playRect(play.left, play.top, play.Width(), play.Height());
+    EXPECT_NE(paused.copy(playRect), shot.copy(playRect));
+}
+
+INSTANTIATE_TEST_SUITE_P(BothOrientations, PlayerScreenPicture,
+                         ::testing::Values(ScreenOrientation::Portrait,
+                                           ScreenOrientation::Landscape),
+                         testing::OrientationName);
+
+} // namespace
+} // namespace zelvor

@@ -1,0 +1,69 @@
+// The player screen on the real GStreamer graph: tapping Play on the widget
+// plays a queue of real files to its end, the ends of stream reaching the
+// screen as posted events, and the WAV capture holds what was heard.
+
+#include <QMouseEvent>
+#include <chrono>
+#include <gtest/gtest.h>
+
+#include "platform/host/gst_media_graph.h"
+#include "platform/text.h"
+#include "tests/host/test_media.h"
+#include "tests/ui/player_screen_rig.h"
+
+namespace zelvor {
+namespace {
+using testing::Codec;
+
+TEST(PlayerScreenPlayback, PlaysTheQueueToItsEndThroughTheWidget) {
+    testing::EnsureWidgetApplication();
+    testing::TestDevice device;
+    TrackList album;
+    const Codec codecs[] = {Codec::Mp3, Codec::Aac};
+    for (int i = 0; i < 2; ++i) {
+        std::u16string path = u"\\Storage Card\\Music\\" + FromUtf8(std::to_string(i + 1)) +
+                              FromUtf8(ExtensionOf(codecs[i]));
+        auto host = device.Host(path);
+        std::filesystem::create_directories(host.parent_path());
+        ASSERT_TRUE(testing::MakeAudioFile(host, codecs[i], 1.0));
+        auto record = std::make_unique<TrackRecord>();
+        record->SetField(kFieldPath, path);
+        album.AddTrack(std::move(record));
+    }
+    const auto capture = device.Root() / "played.wav";
+    AudioSinkChoice sink;
+    sink.kind = AudioSinkChoice::Kind::Wav;
+    sink.wavPath = capture;
+    {
+        GstGraphFactory factory(sink);
+        testing::RecordingFrame frame;
+        testing::FakeHost host;
+        CPlayerScreen screen(frame, factory, ScreenOrientation::Portrait, host.Services());
+        screen.show();
+        screen.ReplaceQueue(album);
+        const PixelRect& play = screen.Geometry().buttons[kButtonPlay];
+        const QPoint at{(play.left + play.right) / 2, (play.top + play.bottom) / 2};
+        QMouseEvent press(QEvent::MouseButtonPress, QPointF(at), screen.mapToGlobal(QPointF(at)),
+                          Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QMouseEvent release(QEvent::MouseButtonRelease, QPointF(at),
+                            screen.mapToGlobal(QPointF(at)), Qt::LeftButton, Qt::NoButton,
+                            Qt::NoModifier);
+        QApplication::sendEvent(&screen, &press);
+        QApplication::sendEvent(&screen, &release);
+        ASSERT_EQ(screen.GetPlayer().Engine().State(), kPlayStatePlaying);
+
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+        while (screen.GetPlayer().Engine().State() == kPlayStatePlaying &&
+               std::chrono::steady_clock::now() < deadline)
+            QApplication::processEvents(QEventLoop::AllEvents, 50);
+        EXPECT_EQ(screen.GetPlayer().Engine().State(), kPlayStateStopped);
+        EXPECT_EQ(screen.GetPlayer().Queue().CounterText(), u"2/2");
+        EXPECT_EQ(host.beeps, 0);
+    }
+    auto wav = testing::ReadWav(capture);
+    ASSERT_TRUE(wav);
+    EXPECT_NEAR(wav->Seconds(), 2.0, 2 * 0.05);
+}
+
+} // namespace
+} // namespace zelvor

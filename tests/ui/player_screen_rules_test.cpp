@@ -1,0 +1,149 @@
+// The player screen's rules that need no window: the scrolling title, the
+// idle-timer rhythm, the clock text and where things are hit and repainted.
+
+#include <gtest/gtest.h>
+
+#include "tests/playback/recording_player_view.h"
+#include "tests/ui/player_screen_rig.h"
+#include "ui/player_screen/idle_reset_gate.h"
+#include "ui/player_screen/player_screen_control.h"
+#include "ui/player_screen/screen_geometry.h"
+#include "ui/player_screen/title_scroll.h"
+
+namespace zelvor {
+namespace {
+
+TEST(TitleScroll, RunsRoundTheTextOneCharacterATick) {
+    const std::u16string title = u"abc  ";
+    std::u16string shown;
+    int offset = 0;
+    for (int tick = 0; tick < 6; ++tick) {
+        shown += RotatedTitle(title, offset) + u"|";
+        offset = NextTitleOffset(title, offset);
+    }
+    EXPECT_EQ(shown, u"abc  |bc  a|c  ab|  abc| abc |abc  |");
+}
+
+TEST(TitleScroll, StepsOverASurrogatePairWhole) {
+    const std::u16string title = u"a\U0001D11Eb"; // a, G clef (two units), b
+    EXPECT_EQ(NextTitleOffset(title, 0), 1);
+    EXPECT_EQ(NextTitleOffset(title, 1), 3);
+    EXPECT_EQ(NextTitleOffset(title, 3), 0);
+    EXPECT_EQ(RotatedTitle(title, 3), u"ba\U0001D11E");
+}
+
+TEST(TitleScroll, OffsetsOutsideTheTextShowItFromTheStart) {
+    EXPECT_EQ(RotatedTitle(u"abc", 7), u"abc");
+    EXPECT_EQ(RotatedTitle(u"abc", -2), u"abc");
+    EXPECT_EQ(RotatedTitle(u"", 1), u"");
+    EXPECT_EQ(NextTitleOffset(u"", 0), 0);
+}
+
+TEST(IdleResetGate, ResetsAtOnceThenAtMostEveryFiftySecondsAcrossTheWrap) {
+    IdleResetGate gate;
+    const std::uint32_t start = 0xFFFF0000u; // the tick count wraps 65 s later
+    EXPECT_TRUE(gate.Due(start));
+    EXPECT_FALSE(gate.Due(start + 1));
+    EXPECT_FALSE(gate.Due(start + kIdleResetIntervalMs - 1));
+    EXPECT_TRUE(gate.Due(start + kIdleResetIntervalMs));
+    const std::uint32_t wrapped = start + 2 * kIdleResetIntervalMs; // past zero
+    ASSERT_LT(wrapped, start);
+    EXPECT_TRUE(gate.Due(wrapped));
+    EXPECT_FALSE(gate.Due(wrapped + 10));
+}
+
+TEST(ClockText, IsHoursAndMinutesOfTwoDigits) {
+    EXPECT_EQ(ClockText(LocalTime{2024, 1, 1, 1, 7, 5, 59, 0}), u"07:05");
+    EXPECT_EQ(ClockText(LocalTime{2024, 1, 1, 1, 0, 0, 0, 0}), u"00:00");
+    EXPECT_EQ(ClockText(LocalTime{2024, 1, 1, 1, 23, 59, 0, 0}), u"23:59");
+}
+
+class ScreenGeometryTest : public ::testing::TestWithParam<ScreenOrientation> {
+protected:
+    ScreenGeometry Geometry() const {
+        const PlayerLayout& layout = PlayerLayoutFor(GetParam());
+        std::array<PixelSize, kPlayerButtonCount> sizes{};
+        for (std::size_t i = 0; i < sizes.size(); ++i)
+            sizes[i] = layout.buttons[i].size;
+        return MakeScreenGeometry(layout, sizes, kSeekThumbSize);
+    }
+    static PixelPoint Centre(const PixelRect& r) {
+        return {(r.left + r.right) / 2, (r.top + r.bottom) / 2};
+    }
+};
+
+TEST_P(ScreenGeometryTest, APressFindsTheButtonShownAtASharedPlace) {
+    testing::RecordingPlayerView view;
+    PlayerButtons buttons(view);
+    const ScreenGeometry geometry = Geometry();
+    const PixelPoint place = Centre(geometry.buttons[kButtonPlay]);
+    buttons.Set(kButtonPlay, kDisplayHidden);
+    buttons.Set(kButtonPause, kDisplayNormal);
+    EXPECT_EQ(ButtonAt(geometry, buttons, place), kButtonPause);
+    buttons.Set(kButtonPause, kDisplayHidden);
+    EXPECT_EQ(ButtonAt(geometry, buttons, place), std::nullopt);
+
+    buttons.Set(kButtonRepeatOff, kDisplayHidden);
+    buttons.Set(kButtonRepeatOne, kDisplayHidden);
+    EXPECT_EQ(ButtonAt(geometry, buttons, Centre(geometry.buttons[kButtonRepeatOff])),
+              kButtonRepeatAll);
+}
+
+TEST_P(ScreenGeometryTest, AButtonWhoseImageDidNotLoadIsNotHit) {
+    testing::RecordingPlayerView view;
+    PlayerButtons buttons(view);
+    const PlayerLayout& layout = PlayerLayoutFor(GetParam());
+    std::array<PixelSize, kPlayerButtonCount> sizes{};
+    for (std::size_t i = 0; i < sizes.size(); ++i)
+        sizes[i] = layout.buttons[i].size;
+    sizes[kButtonLibrary] = {};
+    const ScreenGeometry geometry = MakeScreenGeometry(layout, sizes, kSeekThumbSize);
+    EXPECT_EQ(ButtonAt(geometry, buttons, Centre(ButtonRect(layout.buttons[kButtonLibrary]))),
+              std::nullopt);
+    EXPECT_EQ(ButtonArea(geometry, kButtonLibrary), ButtonRect(layout.buttons[kButtonLibrary]));
+}
+
+TEST_P(ScreenGeometryTest, TheSeekBarsAreaHoldsTheThumbAnywhereOnItsTravel) {
+    const ScreenGeometry geometry = Geometry();
+    SeekBar bar;
+    const PixelRect& image = geometry.buttons[kButtonSeekBar];
+    bar.SetGeometry(image.left, image.Width(), geometry.thumb.width, 0);
+    const PixelRect area = ElementArea(geometry, ScreenElement::SeekBar);
+    for (int x : {bar.left, (bar.left + bar.right) / 2, bar.right}) {
+        bar.thumbX = x;
+        EXPECT_TRUE(area.Contains(ThumbRect(geometry, bar))) << x;
+    }
+}
+
+TEST_P(ScreenGeometryTest, ElementsRepaintApartFromEachOther) {
+    // A tick repaints the thumb and the digits; neither may spill into the
+    // areas of the other elements or the buttons.
+    const ScreenGeometry geometry = Geometry();
+    const ScreenElement elements[] = {
+        ScreenElement::SeekBar,   ScreenElement::TimeDigits, ScreenElement::RemainingMarker,
+        ScreenElement::Volume,    ScreenElement::Clock,      ScreenElement::Battery,
+        ScreenElement::Indicator, ScreenElement::Title,      ScreenElement::Counter,
+    };
+    for (ScreenElement a : elements) {
+        for (ScreenElement b : elements) {
+            if (a != b) {
+                EXPECT_FALSE(ElementArea(geometry, a).Intersects(ElementArea(geometry, b)))
+                    << int(a) << " " << int(b);
+            }
+        }
+        for (int button = 0; button < kPlayerButtonCount; ++button) {
+            if (a != ScreenElement::SeekBar || button != kButtonSeekBar) {
+                EXPECT_FALSE(ElementArea(geometry, a).Intersects(ButtonArea(geometry, button)))
+                    << int(a) << " button " << button;
+            }
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(BothOrientations, ScreenGeometryTest,
+                         ::testing::Values(ScreenOrientation::Portrait,
+                                           ScreenOrientation::Landscape),
+                         testing::OrientationName);
+
+} // namespace
+} // namespace zelvor
