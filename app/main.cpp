@@ -29,13 +29,15 @@
 #include <unistd.h>
 
 #include "app/application.h"
+#include "app/application_values.h"
 #include "app/window_messages.h"
 #include "platform/device.h"
+#include "platform/host/gst_media_graph.h"
 #include "platform/text.h"
 #include "tags/build_track_record.h"
 #include "ui/main_frame/demo_tour.h"
 #include "ui/main_frame/host_application.h"
-#include "ui/main_frame/placeholder_player_pane.h"
+#include "ui/player_screen/player_screen.h"
 
 namespace {
 
@@ -145,14 +147,20 @@ int main(int argc, char** argv) {
     }
     ScopedCurrentDevice current(*device);
 
+    // Every track plays through one factory's graphs (ZELVOR_AUDIO_SINK
+    // chooses where the sound goes); it outlives the frame and its player.
+    GstGraphFactory graphs;
     HostApplicationOptions hostOptions;
     hostOptions.deviceRoot = device->Root();
     hostOptions.screen = options.screen;
     hostOptions.builder = [](std::u16string_view path, int typeCode) {
         return BuildTrackRecord(path, typeCode);
     };
-    hostOptions.panes.player = [](QWidget* parent, FrameMessages& frame) {
-        return std::make_unique<PlaceholderPlayerPane>(parent, frame);
+    hostOptions.panes.player = [&graphs](QWidget* parent, FrameMessages& frame) {
+        const auto orientation =
+            AppValues().portrait ? ScreenOrientation::Portrait : ScreenOrientation::Landscape;
+        return std::make_unique<CPlayerScreen>(frame, graphs, orientation, PlayerScreenHost{},
+                                               parent);
     };
     HostApplicationShell shell(std::move(hostOptions));
     EndpointInstanceEnvironment environment(device->Root(), options.screen);

@@ -3,17 +3,14 @@
 // the settings and library that one run leaves for the next.
 #include <gtest/gtest.h>
 
-// The player core first: Qt's headers define "slots" as a keyword, which the
-// core uses as a name.
-#include "playback/player.h"
-#include "tests/playback/fake_media_graph.h"
-#include "tests/playback/recording_player_view.h"
-
 #include <QProcess>
 
 #include "app/application.h"
 #include "library/library_file.h"
 #include "platform/host/endpoint.h"
+#include "playback/player.h"
+#include "tests/playback/fake_media_graph.h"
+#include "tests/playback/recording_player_view.h"
 #include "tests/ui/main_frame_app.h"
 #include "tests/ui/main_frame_rules_fixture.h"
 #include "ui/main_frame/host_application.h"

@@ -159,21 +159,17 @@ TEST_F(FrameWidget, AColourChangeReloadsTheBrowsersBitmapsFromTheNewModule) {
     EXPECT_NE(before, after);
 }
 
-TEST_F(FrameWidget, TurningTheScreenRelaysTheFrameAndSavesBothOrientations) {
+TEST_F(FrameWidget, TurningTheScreenLaysThePanesOutAgain) {
     Make(false);
     paneMessages->ShowBrowser();
-    const QImage portrait = frame->grab().toImage();
-    EXPECT_EQ(portrait.size(), QSize(240, 320));
-    portrait.save(QString::fromStdString((ArtifactDir() / "main_frame_portrait.png").string()));
+    EXPECT_EQ(frame->grab().toImage().size(), QSize(240, 320));
 
     frame->SetScreenSize(QSize(320, 240));
     SpinEvents();
     EXPECT_EQ(AppValues().portrait, 0);
     EXPECT_TRUE(player->Called("RedoLayout"));
     EXPECT_EQ(frame->BrowserScreen()->Widget()->geometry(), QRect(0, 0, 320, 240));
-    const QImage landscape = frame->grab().toImage();
-    EXPECT_EQ(landscape.size(), QSize(320, 240));
-    landscape.save(QString::fromStdString((ArtifactDir() / "main_frame_landscape.png").string()));
+    EXPECT_EQ(frame->grab().toImage().size(), QSize(320, 240));
 }
 
 TEST_F(FrameWidget, TheMenuOffersAboutAndExitWhichEndsTheProgram) {
