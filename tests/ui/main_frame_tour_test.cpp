@@ -73,9 +73,9 @@ TEST(DemoTourSteps, ReachThePaneAndTheFrameAndLeaveAPictureEach) {
               (std::vector<QPoint>{PlaceCentre(kButtonSeekBar, 0.6), PlaceCentre(kButtonRandomOff),
                                    PlaceCentre(kButtonRepeatOff)}));
     EXPECT_EQ(queuedBeforeClose, 1u);
-    // The colour went round from the program's own images to the first.
-    EXPECT_EQ(AppValues().guiColor, 1);
-    EXPECT_EQ(dev.Registry().QueryDword(RegistryRoot::LocalMachine, u"OMBREL", u"GUI Color"), 1u);
+    // The colour changed from the program's own images to red.
+    EXPECT_EQ(AppValues().guiColor, 2);
+    EXPECT_EQ(dev.Registry().QueryDword(RegistryRoot::LocalMachine, u"OMBREL", u"GUI Color"), 2u);
     ReleaseSkinModule();
 }
 

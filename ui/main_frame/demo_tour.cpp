@@ -113,8 +113,10 @@ void DemoTour::TapButton(int button, double across) {
 }
 
 void DemoTour::ChangeColour() {
-    // As the shell does it: the new value in its key, then the message.
-    const std::uint16_t next = static_cast<std::uint16_t>(AppValues().guiColor % 4 + 1);
+    // As the shell does it: the new value in its key, then the message. Red
+    // stands out from the program's own indigo and from blue; from red, orange.
+    constexpr std::uint16_t kRed = 2, kOrange = 3;
+    const std::uint16_t next = AppValues().guiColor == kRed ? kOrange : kRed;
     RegistryStore& registry = CurrentDevice().Registry();
     registry.SetDword(RegistryRoot::LocalMachine, u"OMBREL", u"GUI Color", next);
     registry.Flush(RegistryRoot::LocalMachine);
