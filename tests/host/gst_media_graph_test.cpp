@@ -22,13 +22,6 @@ using testing::TempDir;
 constexpr std::int64_t kUnitsPerSecond = 10'000'000;
 constexpr std::int32_t kWaitMs = 20'000;
 
-AudioSinkChoice WavSink(const std::filesystem::path& path) {
-    AudioSinkChoice sink;
-    sink.kind = AudioSinkChoice::Kind::Wav;
-    sink.wavPath = path;
-    return sink;
-}
-
 // Renders a file into a fresh graph of the factory.
 std::unique_ptr<MediaGraph> Rendered(MediaGraphFactory& factory, const std::filesystem::path& file,
                                      HResult* result = nullptr) {
@@ -49,25 +42,41 @@ void PlayToEnd(MediaGraph& graph) {
     EXPECT_EQ(code, kEcComplete);
 }
 
+// Renders the file into a graph heard through a wav capture, lets play() drive
+// it, and reads the capture once the graph is gone.
+template <class Play>
+std::optional<testing::WavData> Captured(const std::filesystem::path& file, Play play) {
+    auto capture = std::filesystem::path(file).replace_extension(".capture.wav");
+    {
+        GstGraphFactory factory(AudioSinkChoice{AudioSinkChoice::Kind::Wav, capture, false});
+        auto graph = Rendered(factory, file);
+        play(*graph);
+    }
+    return ReadWav(capture);
+}
+
+// A tone that starts after three seconds of silence: where it starts in the
+// capture tells where a seek landed.
+std::filesystem::path LateTone(const TempDir& dir, Codec codec) {
+    auto file = dir.Path() / (std::string("late") + ExtensionOf(codec));
+    EXPECT_TRUE(testing::MakeAudioFile(file, codec, 4.0, "if(gte(t,3),0.5*sin(2*PI*440*t),0)"));
+    return file;
+}
+
 class PlayedFormat : public ::testing::TestWithParam<Codec> {};
 
 TEST_P(PlayedFormat, PlaysToItsEndAndTheCaptureHasItsLength) {
     TempDir dir;
     auto file = dir.Path() / (std::string("tone") + ExtensionOf(GetParam()));
     ASSERT_TRUE(testing::MakeAudioFile(file, GetParam(), 2.0));
-    auto capture = dir.Path() / "capture.wav";
-    {
-        GstGraphFactory factory(WavSink(capture));
-        auto graph = Rendered(factory, file);
-        std::int64_t duration = 0;
-        graph->GetDuration(&duration);
+    auto wav = Captured(file, [](MediaGraph& graph) {
+        std::int64_t duration = 0, position = 0;
+        graph.GetDuration(&duration);
         EXPECT_NEAR(duration / 1e7, 2.0, 0.1);
-        PlayToEnd(*graph);
-        std::int64_t position = 0;
-        graph->GetCurrentPosition(&position);
+        PlayToEnd(graph);
+        graph.GetCurrentPosition(&position);
         EXPECT_NEAR(position / 1e7, duration / 1e7, 0.1);
-    }
-    auto wav = ReadWav(capture);
+    });
     ASSERT_TRUE(wav);
     EXPECT_EQ(wav->rate, 44100);
     EXPECT_EQ(wav->channels, 2);
@@ -81,21 +90,13 @@ INSTANTIATE_TEST_SUITE_P(Mp3WmaAac, PlayedFormat,
 
 TEST(GstSeek, LandsWithinATenthOfASecond) {
     TempDir dir;
-    auto file = dir.Path() / "late.mp3";
-    // Silence for three seconds, then the tone: where the tone starts in the
-    // capture tells where the seek landed.
-    ASSERT_TRUE(testing::MakeAudioFile(file, Codec::Mp3, 4.0, "if(gte(t,3),0.5*sin(2*PI*440*t),0)"));
-    auto capture = dir.Path() / "capture.wav";
-    {
-        GstGraphFactory factory(WavSink(capture));
-        auto graph = Rendered(factory, file);
-        ASSERT_EQ(graph->SetPositions(25 * kUnitsPerSecond / 10), kOk);
+    auto wav = Captured(LateTone(dir, Codec::Mp3), [](MediaGraph& graph) {
+        ASSERT_EQ(graph.SetPositions(25 * kUnitsPerSecond / 10), kOk);
         std::int64_t position = 0;
-        graph->GetCurrentPosition(&position);
+        graph.GetCurrentPosition(&position);
         EXPECT_NEAR(position / 1e7, 2.5, 0.1);
-        PlayToEnd(*graph);
-    }
-    auto wav = ReadWav(capture);
+        PlayToEnd(graph);
+    });
     ASSERT_TRUE(wav);
     auto onset = wav->FirstFrameAbove(4000);
     ASSERT_TRUE(onset);
@@ -105,20 +106,14 @@ TEST(GstSeek, LandsWithinATenthOfASecond) {
 
 TEST(GstSeek, ASeekWhilePlayingKeepsPlayingFromTheTarget) {
     TempDir dir;
-    auto file = dir.Path() / "late.wma";
-    ASSERT_TRUE(testing::MakeAudioFile(file, Codec::Wma, 4.0, "if(gte(t,3),0.5*sin(2*PI*440*t),0)"));
-    auto capture = dir.Path() / "capture.wav";
-    {
-        GstGraphFactory factory(WavSink(capture));
-        auto graph = Rendered(factory, file);
-        ASSERT_EQ(graph->Run(), kOk);
+    auto wav = Captured(LateTone(dir, Codec::Wma), [](MediaGraph& graph) {
+        ASSERT_EQ(graph.Run(), kOk);
         std::this_thread::sleep_for(std::chrono::milliseconds(300));
-        ASSERT_EQ(graph->SetPositions(2 * kUnitsPerSecond), kOk);
+        ASSERT_EQ(graph.SetPositions(2 * kUnitsPerSecond), kOk);
         std::int32_t code = 0;
         std::intptr_t p1 = 0, p2 = 0;
-        ASSERT_EQ(graph->GetEvent(&code, &p1, &p2, kWaitMs), kOk);
-    }
-    auto wav = ReadWav(capture);
+        ASSERT_EQ(graph.GetEvent(&code, &p1, &p2, kWaitMs), kOk);
+    });
     ASSERT_TRUE(wav);
     // About 0.3 s of silence before the seek, one more second after it.
     auto onset = wav->FirstFrameAbove(4000);
@@ -134,14 +129,10 @@ TEST(GstVolume, SilenceCapturesZerosAndFullLevelTheSignal) {
     int peaks[3] = {};
     const std::int32_t volumes[3] = {-10000, 0, -2000};
     for (int i = 0; i < 3; ++i) {
-        auto capture = dir.Path() / ("capture" + std::to_string(i) + ".wav");
-        {
-            GstGraphFactory factory(WavSink(capture));
-            auto graph = Rendered(factory, file);
-            ASSERT_EQ(graph->PutVolume(volumes[i]), kOk);
-            PlayToEnd(*graph);
-        }
-        auto wav = ReadWav(capture);
+        auto wav = Captured(file, [&](MediaGraph& graph) {
+            ASSERT_EQ(graph.PutVolume(volumes[i]), kOk);
+            PlayToEnd(graph);
+        });
         ASSERT_TRUE(wav);
         EXPECT_NEAR(wav->Seconds(), 1.0, 0.05);
         peaks[i] = wav->Peak();

@@ -16,30 +16,20 @@ std::uint32_t Le(const std::vector<unsigned char>& b, std::size_t at, int bytes)
     return value;
 }
 
+struct CodecNames {
+    const char* extension;
+    const char* encoder;
+};
+const CodecNames kCodecs[] = {{".mp3", "libmp3lame"}, {".wma", "wmav2"}, {".aac", "aac"}};
+
 const char* EncoderOf(Codec codec) {
-    switch (codec) {
-    case Codec::Mp3:
-        return "libmp3lame";
-    case Codec::Wma:
-        return "wmav2";
-    case Codec::Aac:
-        return "aac";
-    }
-    return "";
+    return kCodecs[static_cast<int>(codec)].encoder;
 }
 
 } // namespace
 
 const char* ExtensionOf(Codec codec) {
-    switch (codec) {
-    case Codec::Mp3:
-        return ".mp3";
-    case Codec::Wma:
-        return ".wma";
-    case Codec::Aac:
-        return ".aac";
-    }
-    return "";
+    return kCodecs[static_cast<int>(codec)].extension;
 }
 
 bool MakeAudioFile(const std::filesystem::path& path, Codec codec, double seconds,

@@ -23,19 +23,16 @@ using testing::WideZ;
 
 constexpr std::u16string_view kLib = u"\\Flash Disk\\Zelvor\\MusicLib.qdx";
 
-std::unique_ptr<TrackRecord> Track(std::u16string_view path, std::u16string_view title,
-                                   std::u16string_view album, std::u16string_view artist,
-                                   std::u16string_view genre, std::uint32_t duration,
-                                   std::uint16_t trackNumber) {
+std::unique_ptr<TrackRecord> RecordOf(const StoredTrack& t) {
     auto r = std::make_unique<TrackRecord>();
-    r->SetField(kFieldPath, path);
-    for (auto [id, text] : {std::pair{kFieldTitle, title}, std::pair{kFieldAlbum, album},
-                            std::pair{kFieldArtist, artist}, std::pair{kFieldGenre, genre}}) {
-        if (!text.empty())
-            r->SetField(id, text);
+    r->SetField(kFieldPath, t.path);
+    for (auto [id, text] : {std::pair{kFieldTitle, &t.title}, std::pair{kFieldAlbum, &t.album},
+                            std::pair{kFieldArtist, &t.artist}, std::pair{kFieldGenre, &t.genre}}) {
+        if (!text->empty())
+            r->SetField(id, *text);
     }
-    r->SetField(kFieldDuration, std::int64_t{duration});
-    r->SetField(kFieldTrackNumber, std::int64_t{trackNumber});
+    r->SetField(kFieldDuration, std::int64_t{t.duration});
+    r->SetField(kFieldTrackNumber, std::int64_t{t.track});
     return r;
 }
 
@@ -47,7 +44,14 @@ const StoredTrack kThird{u"\\Storage Card\\ç\\c.aac", u"Ça", u"", u"Ünï", u"
 TrackList ListOf(std::initializer_list<StoredTrack> tracks) {
     TrackList list;
     for (const StoredTrack& t : tracks)
-        list.AddTrack(Track(t.path, t.title, t.album, t.artist, t.genre, t.duration, t.track));
+        list.AddTrack(RecordOf(t));
+    return list;
+}
+
+// Loads a file that must count as read.
+TrackList Loaded(std::u16string_view path = kLib) {
+    TrackList list;
+    EXPECT_EQ(LoadTrackList(path, list), 1);
     return list;
 }
 
@@ -69,7 +73,7 @@ protected:
 
 TEST_F(LibraryFile, SavesTheFormatByteForByte) {
     TrackList list = ListOf({kFirst, kBare, kThird});
-    ASSERT_EQ(SaveTrackList(kLib, list, 0), 1);
+    ASSERT_EQ(SaveTrackList(GetLibraryPath(), list, 0), 1); // in the program directory
     std::string expected = QdxHeader(3) + QdxRecord(kFirst) + QdxRecord(kBare) + QdxRecord(kThird);
     EXPECT_EQ(device.ReadFile(kLib), expected);
     // The bare record: four empty texts take four zero lengths and no bytes.
@@ -86,8 +90,7 @@ TEST_F(LibraryFile, EmptyListIsAHeaderAloneAndLoadsEmpty) {
 
 TEST_F(LibraryFile, LoadsWhatWasWrittenByHand) {
     device.WriteFile(kLib, QdxHeader(3) + QdxRecord(kFirst) + QdxRecord(kBare) + QdxRecord(kThird));
-    TrackList list;
-    ASSERT_EQ(LoadTrackList(kLib, list), 1);
+    TrackList list = Loaded();
     ASSERT_EQ(list.Count(), 3);
     ExpectStored(*list.TrackAt(0), kFirst);
     ExpectStored(*list.TrackAt(1), kBare);
@@ -99,8 +102,7 @@ TEST_F(LibraryFile, RoundTripKeepsRecordsAndOrderButNotRunTimeValues) {
     TrackList list = ListOf({kThird, kFirst, kBare});
     list.TrackAt(0)->SetField(kFieldRunTimeA, std::int64_t{77});
     ASSERT_EQ(SaveTrackList(kLib, list, 0), 1);
-    TrackList loaded;
-    ASSERT_EQ(LoadTrackList(kLib, loaded), 1);
+    TrackList loaded = Loaded();
     ASSERT_EQ(loaded.Count(), 3);
     ExpectStored(*loaded.TrackAt(0), kThird);
     ExpectStored(*loaded.TrackAt(1), kFirst);
@@ -113,29 +115,26 @@ TEST_F(LibraryFile, TextsLongerThan255CharactersAreStoredCut) {
     std::u16string longTitle(300, u'x');
     longTitle[254] = 0xD83D; // a pair split by the cut is not left half-stored
     longTitle[255] = 0xDE00;
-    TrackList list;
-    list.AddTrack(Track(u"\\a.mp3", longTitle, u"", u"", u"", 1, 1));
+    TrackList list = ListOf({{u"\\a.mp3", longTitle, u"", u"", u"", 1, 1}});
     std::array<std::uint16_t, 7> lengths{};
     EXPECT_EQ(MeasureRecord(*list.TrackAt(0), lengths), 14 + 255 * 2 + 4 + 2);
     EXPECT_EQ(lengths[1], 255 * 2);
     ASSERT_EQ(SaveTrackList(kLib, list, 0), 1);
-    TrackList loaded;
-    LoadTrackList(kLib, loaded);
+    TrackList loaded = Loaded();
     ASSERT_EQ(loaded.Count(), 1);
     EXPECT_EQ(loaded.TrackAt(0)->Text(kFieldTitle), std::u16string(254, u'x'));
 }
 
 TEST_F(LibraryFile, RelativePathsJoinTheLibraryFolder) {
     device.WriteFile(kLib, QdxHeader(2) + QdxRecord({u"Music\\x.mp3"}) + QdxRecord({u"y.mp3"}));
-    TrackList list;
-    ASSERT_EQ(LoadTrackList(kLib, list), 1);
+    TrackList list = Loaded();
     ASSERT_EQ(list.Count(), 2);
     EXPECT_EQ(list.TrackAt(0)->Text(kFieldPath), u"\\Flash Disk\\Zelvor\\Music\\x.mp3");
     EXPECT_EQ(list.TrackAt(0)->Text(kFieldFileName), u"x.mp3");
     EXPECT_EQ(list.TrackAt(1)->Text(kFieldPath), u"\\Flash Disk\\Zelvor\\y.mp3");
 
     device.WriteFile(u"\\Root.qdx", QdxHeader(1) + QdxRecord({u"z.mp3"}));
-    LoadTrackList(u"\\Root.qdx", list);
+    list = Loaded(u"\\Root.qdx");
     ASSERT_EQ(list.Count(), 1);
     EXPECT_EQ(list.TrackAt(0)->Text(kFieldPath), u"\\z.mp3");
 }
@@ -161,8 +160,7 @@ TEST_F(LibraryFile, WrongMagicLoadsNothingButCountsAsRead) {
     std::string header = QdxHeader(1);
     header[14] = 'x';
     device.WriteFile(kLib, header + records);
-    TrackList list;
-    LoadTrackList(kLib, list);
+    TrackList list = Loaded();
     EXPECT_EQ(list.Count(), 1);
 }
 
@@ -206,8 +204,7 @@ TEST_F(LibraryFile, ExtraFieldsAreSkippedAndKnownOnesStillRead) {
     std::string record = U16(8) + U16(4) + U16(0) + U16(0) + U16(0) + U16(4) + U16(2) + U16(6) +
                          U16(0) + WideZ(u"\\a.") + WideZ(u"T") + U32(9) + U16(4) + "extra!";
     device.WriteFile(kLib, QdxHeader(2, 9) + record + record);
-    TrackList list;
-    ASSERT_EQ(LoadTrackList(kLib, list), 1);
+    TrackList list = Loaded();
     ASSERT_EQ(list.Count(), 2);
     EXPECT_EQ(list.TrackAt(1)->Text(kFieldPath), u"\\a.");
     EXPECT_EQ(list.TrackAt(1)->Text(kFieldTitle), u"T");
@@ -218,8 +215,7 @@ TEST_F(LibraryFile, ExtraFieldsAreSkippedAndKnownOnesStillRead) {
 TEST_F(LibraryFile, FewerFieldsLeaveTheRestEmpty) {
     std::string record = U16(6) + U16(4) + WideZ(u"\\a") + WideZ(u"T");
     device.WriteFile(kLib, QdxHeader(1, 2) + record);
-    TrackList list;
-    LoadTrackList(kLib, list);
+    TrackList list = Loaded();
     ASSERT_EQ(list.Count(), 1);
     EXPECT_EQ(list.TrackAt(0)->Text(kFieldTitle), u"T");
     EXPECT_EQ(list.TrackAt(0)->Duration(), 0u);
@@ -227,9 +223,7 @@ TEST_F(LibraryFile, FewerFieldsLeaveTheRestEmpty) {
 
 TEST_F(LibraryFile, NoFieldsMeansNoRecordsWhateverTheCount) {
     device.WriteFile(kLib, QdxHeader(0xFFFFFFFF, 0));
-    TrackList list;
-    EXPECT_EQ(LoadTrackList(kLib, list), 1);
-    EXPECT_EQ(list.Count(), 0);
+    EXPECT_EQ(Loaded().Count(), 0);
 }
 
 TEST_F(LibraryFile, OverlongSlotIsIgnoredAndTheFileStaysAligned) {
@@ -238,8 +232,7 @@ TEST_F(LibraryFile, OverlongSlotIsIgnoredAndTheFileStaysAligned) {
                         U16(0) + U16(0) + U16(4) + U16(2) + WideZ(u"\\a") + WideZ(huge) + U32(5) +
                         U16(1);
     device.WriteFile(kLib, QdxHeader(2) + first + QdxRecord(kFirst));
-    TrackList list;
-    LoadTrackList(kLib, list);
+    TrackList list = Loaded();
     ASSERT_EQ(list.Count(), 2);
     EXPECT_EQ(list.TrackAt(0)->Text(kFieldPath), u"\\a");
     EXPECT_FALSE(list.TrackAt(0)->HasText(kFieldTitle));
@@ -251,8 +244,7 @@ TEST_F(LibraryFile, ShortNumberSlotsAndOddTextLengthsReadNoFurther) {
     std::string record = U16(5) + U16(0) + U16(0) + U16(0) + U16(0) + U16(2) + U16(1) +
                          WideZ(u"\\a").substr(0, 5) + U16(7) + "\x09";
     device.WriteFile(kLib, QdxHeader(1) + record);
-    TrackList list;
-    LoadTrackList(kLib, list);
+    TrackList list = Loaded();
     ASSERT_EQ(list.Count(), 1);
     EXPECT_EQ(list.TrackAt(0)->Text(kFieldPath), u"\\a");
     EXPECT_EQ(list.TrackAt(0)->Duration(), 0u);
@@ -305,8 +297,7 @@ TEST_F(LibraryFile, FailedSaveLeavesThePreviousFileIntact) {
 
     TrackList bigger;
     for (int i = 0; i < 200; ++i)
-        bigger.AddTrack(Track(u"\\Storage Card\\Music\\a long enough path.mp3", u"Title", u"",
-                              u"", u"", 1, 1));
+        bigger.AddTrack(RecordOf({u"\\Storage Card\\Music\\a long enough path.mp3", u"Title"}));
     // The disk fills up half-way through the new file.
     struct rlimit saved {};
     ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &saved), 0);
@@ -320,8 +311,7 @@ TEST_F(LibraryFile, FailedSaveLeavesThePreviousFileIntact) {
 
     EXPECT_EQ(result, 0);
     EXPECT_EQ(device.ReadFile(kLib), before);
-    TrackList loaded;
-    LoadTrackList(kLib, loaded);
+    TrackList loaded = Loaded();
     ASSERT_EQ(loaded.Count(), 1);
     ExpectStored(*loaded.TrackAt(0), kFirst);
     // No temporary file is left behind beside it.
@@ -333,10 +323,6 @@ TEST_F(LibraryFile, FailedSaveLeavesThePreviousFileIntact) {
 
 TEST_F(LibraryFile, RefusedPathFailsTheSave) {
     EXPECT_EQ(SaveTrackList(u"\\Flash Disk\\no such folder\\MusicLib.qdx", ListOf({kFirst}), 0), 0);
-}
-
-TEST_F(LibraryFile, LibraryPathIsInTheProgramDirectory) {
-    EXPECT_EQ(GetLibraryPath(), u"\\Flash Disk\\Zelvor\\MusicLib.qdx");
 }
 
 } // namespace

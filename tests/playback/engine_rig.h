@@ -49,12 +49,13 @@ private:
 };
 
 struct EngineRig {
-    EngineRig() {
+    explicit EngineRig(std::initializer_list<std::u16string_view> names = {}) {
         engine.Connect(queue, position);
         engine.SetTagStripper([this](std::u16string_view path) {
             factory.Strip(ToUtf8(DeviceNameOf(path)));
             return true;
         });
+        AddTracks(names);
     }
 
     // Creates music files on the card and puts them in the queue.
@@ -66,6 +67,12 @@ struct EngineRig {
         }
     }
     std::u16string Path(int index) const { return queue.paths[index]; }
+    // The graph calls one operation made.
+    template <class Operation> std::vector<std::string> CallsOf(Operation operation) {
+        auto mark = factory.log.size();
+        operation();
+        return factory.LogSince(mark);
+    }
 
     TestDevice device;
     FakeMediaGraphFactory factory;

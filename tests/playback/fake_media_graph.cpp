@@ -3,25 +3,8 @@
 namespace zelvor::testing {
 namespace {
 
-const char* SlotName(GraphSlot slot) {
-    switch (slot) {
-    case GraphSlot::Builder:
-        return "Builder";
-    case GraphSlot::Control:
-        return "Control";
-    case GraphSlot::Events:
-        return "Events";
-    case GraphSlot::Seeking:
-        return "Seeking";
-    case GraphSlot::VideoWindow:
-        return "VideoWindow";
-    case GraphSlot::BasicVideo:
-        return "BasicVideo";
-    case GraphSlot::BasicAudio:
-        return "BasicAudio";
-    }
-    return "?";
-}
+const char* const kSlotNames[] = {"Builder",     "Control",    "Events",    "Seeking",
+                                  "VideoWindow", "BasicVideo", "BasicAudio"};
 
 } // namespace
 
@@ -43,8 +26,9 @@ FakeMediaGraph::~FakeMediaGraph() {
         m_factory.current = nullptr;
 }
 
-void FakeMediaGraph::Log(const std::string& entry) {
+HResult FakeMediaGraph::Log(const std::string& entry, HResult result) {
     m_factory.log.push_back(entry);
+    return result;
 }
 
 HResult FakeMediaGraph::RenderFile(const std::filesystem::path& file) {
@@ -59,7 +43,7 @@ HResult FakeMediaGraph::RenderFile(const std::filesystem::path& file) {
 }
 
 HResult FakeMediaGraph::QuerySlot(GraphSlot slot) {
-    Log(std::string("query ") + SlotName(slot));
+    Log(std::string("query ") + kSlotNames[static_cast<int>(slot)]);
     auto failure = m_factory.script.slotFailures.find(slot);
     return failure == m_factory.script.slotFailures.end() ? kOk : failure->second;
 }
@@ -76,20 +60,8 @@ HResult FakeMediaGraph::Run() {
     return kOk;
 }
 
-HResult FakeMediaGraph::Pause() {
-    Log("pause");
-    return kOk;
-}
-
 HResult FakeMediaGraph::Stop() {
-    Log("stop");
-    return m_factory.script.stopResult;
-}
-
-HResult FakeMediaGraph::WaitForCompletion(std::int32_t, std::int32_t* eventCode) {
-    Log("wait");
-    *eventCode = 0;
-    return kVfwEWrongState;
+    return Log("stop", m_factory.script.stopResult);
 }
 
 HResult FakeMediaGraph::GetEvent(std::int32_t* eventCode, std::intptr_t* param1,
@@ -101,11 +73,6 @@ HResult FakeMediaGraph::GetEvent(std::int32_t* eventCode, std::intptr_t* param1,
     *param2 = 0;
     m_events.pop_front();
     Log("event " + std::to_string(*eventCode));
-    return kOk;
-}
-
-HResult FakeMediaGraph::FreeEventParams(std::int32_t eventCode, std::intptr_t, std::intptr_t) {
-    Log("free " + std::to_string(eventCode));
     return kOk;
 }
 
@@ -123,22 +90,11 @@ HResult FakeMediaGraph::GetDuration(std::int64_t* duration) {
     return kOk;
 }
 
-HResult FakeMediaGraph::GetCurrentPosition(std::int64_t* current) {
-    *current = position;
-    return kOk;
-}
-
 HResult FakeMediaGraph::SetPositions(std::int64_t current) {
     Log("seek " + std::to_string(current));
     if (Failed(m_factory.script.seekResult))
         return m_factory.script.seekResult;
     position = current;
-    return kOk;
-}
-
-HResult FakeMediaGraph::PutVolume(std::int32_t value) {
-    Log("volume " + std::to_string(value));
-    volume = value;
     return kOk;
 }
 

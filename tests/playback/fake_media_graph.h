@@ -42,18 +42,28 @@ public:
     HResult RenderFile(const std::filesystem::path& file) override;
     HResult QuerySlot(GraphSlot slot) override;
     HResult Run() override;
-    HResult Pause() override;
+    HResult Pause() override { return Log("pause"); }
     HResult Stop() override;
-    HResult WaitForCompletion(std::int32_t timeoutMs, std::int32_t* eventCode) override;
+    HResult WaitForCompletion(std::int32_t, std::int32_t* eventCode) override {
+        *eventCode = 0;
+        return Log("wait", kVfwEWrongState);
+    }
     HResult GetEvent(std::int32_t* eventCode, std::intptr_t* param1, std::intptr_t* param2,
                      std::int32_t timeoutMs) override;
-    HResult FreeEventParams(std::int32_t eventCode, std::intptr_t param1,
-                            std::intptr_t param2) override;
+    HResult FreeEventParams(std::int32_t eventCode, std::intptr_t, std::intptr_t) override {
+        return Log("free " + std::to_string(eventCode));
+    }
     HResult SetNotify(NotifyHook hook) override;
     HResult GetDuration(std::int64_t* duration) override;
-    HResult GetCurrentPosition(std::int64_t* position) override;
+    HResult GetCurrentPosition(std::int64_t* current) override {
+        *current = position;
+        return kOk;
+    }
     HResult SetPositions(std::int64_t current) override;
-    HResult PutVolume(std::int32_t volume) override;
+    HResult PutVolume(std::int32_t value) override {
+        volume = value;
+        return Log("volume " + std::to_string(value));
+    }
 
     // Queues an event and calls the hook, as a graph thread would.
     void QueueEvent(std::int32_t code);
@@ -62,7 +72,8 @@ public:
     std::int32_t volume = 0;
 
 private:
-    void Log(const std::string& entry);
+    // Logs the call and returns its result.
+    HResult Log(const std::string& entry, HResult result = kOk);
 
     FakeMediaGraphFactory& m_factory;
     std::string m_file;

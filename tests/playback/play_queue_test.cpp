@@ -82,44 +82,40 @@ TEST(ProgramRandom, IsTheUnseededRuntimeSequence) {
     EXPECT_THAT(draws, ElementsAre(41, 18467, 6334, 26500, 19169));
 }
 
-TEST(AdvanceAtEnd, RepeatOneReplaysTheTrackAndNextStillMovesOn) {
-    QueueRig rig({false, kRepeatOne, false, 5});
-    rig.Play({u"a.mp3", u"b.mp3"});
-    rig.Engine().PlayCommand(true);
-    rig.EndTrack();
-    EXPECT_EQ(rig.Current(), "a.mp3");
-    EXPECT_EQ(rig.Engine().State(), kPlayStatePlaying);
-    EXPECT_EQ(rig.factory.log.back(), "run");
-    rig.Queue().NextCommand();
-    EXPECT_EQ(rig.Current(), "b.mp3");
-    EXPECT_EQ(rig.Loaded(), "b.mp3");
-    EXPECT_EQ(rig.Engine().State(), kPlayStatePlaying);
-}
-
-TEST(AdvanceAtEnd, RepeatOffStopsOnTheLastEntryAtItsStart) {
-    QueueRig rig;
-    rig.Play({u"a.mp3", u"b.mp3"});
-    rig.Engine().PlayCommand(true);
-    rig.EndTrack();
-    EXPECT_EQ(rig.Current(), "b.mp3");
-    EXPECT_EQ(rig.Engine().State(), kPlayStatePlaying);
-    rig.EndTrack();
-    EXPECT_EQ(rig.Current(), "b.mp3");
-    EXPECT_EQ(rig.Queue().CounterText(), u"2/2");
-    EXPECT_EQ(rig.Engine().State(), kPlayStateStopped);
-    EXPECT_EQ(rig.factory.current->position, 0);
-    EXPECT_EQ(rig.player->Position().Time(), TimeDisplay{});
-}
-
-TEST(AdvanceAtEnd, RepeatAllWrapsToTheFirstEntry) {
-    QueueRig rig({false, kRepeatAll, false, 5});
-    rig.Play({u"a.mp3", u"b.mp3"});
-    rig.Engine().PlayCommand(true);
-    rig.EndTrack();
-    rig.EndTrack();
-    EXPECT_EQ(rig.Current(), "a.mp3");
-    EXPECT_EQ(rig.Loaded(), "a.mp3");
-    EXPECT_EQ(rig.Engine().State(), kPlayStatePlaying);
+// At the end of a track: repeat one replays it, repeat all wraps, repeat off
+// stops on the last entry at its start.
+TEST(AdvanceAtEnd, FollowsTheRepeatMode) {
+    const struct {
+        int mode, ends;
+        const char* current;
+        std::int32_t state;
+    } cases[] = {{kRepeatOne, 1, "a.mp3", kPlayStatePlaying},
+                 {kRepeatOff, 1, "b.mp3", kPlayStatePlaying},
+                 {kRepeatOff, 2, "b.mp3", kPlayStateStopped},
+                 {kRepeatAll, 2, "a.mp3", kPlayStatePlaying}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(::testing::Message() << "mode " << c.mode << " ends " << c.ends);
+        QueueRig rig({false, c.mode, false, 5});
+        rig.Play({u"a.mp3", u"b.mp3"});
+        rig.Engine().PlayCommand(true);
+        for (int i = 0; i < c.ends; ++i)
+            rig.EndTrack();
+        EXPECT_EQ(rig.Current(), c.current);
+        EXPECT_EQ(rig.Loaded(), c.current);
+        EXPECT_EQ(rig.Engine().State(), c.state);
+        if (c.state == kPlayStatePlaying) {
+            EXPECT_EQ(rig.factory.log.back(), "run");
+        } else {
+            EXPECT_EQ(rig.Queue().CounterText(), u"2/2");
+            EXPECT_EQ(rig.factory.current->position, 0);
+            EXPECT_EQ(rig.player->Position().Time(), TimeDisplay{});
+        }
+        if (c.mode == kRepeatOne) { // next still moves on
+            rig.Queue().NextCommand();
+            EXPECT_EQ(rig.Loaded(), "b.mp3");
+            EXPECT_EQ(rig.Engine().State(), kPlayStatePlaying);
+        }
+    }
 }
 
 TEST(AdvanceAtEnd, RepeatAllWithRandomNeverStartsANewOrderWithTheTrackThatEnded) {
@@ -175,7 +171,12 @@ TEST(NextPrevious, WrapAroundByHandEvenWithRepeatOff) {
     EXPECT_EQ(rig.view.beeps, 0);
 }
 
-TEST(NextPrevious, ASingleEntryOnlyBeeps) {
+TEST(NextPrevious, AnEmptyQueueOrASingleEntryOnlyBeeps) {
+    QueueRig empty;
+    empty.Engine().SetPlayState(kPlayStateStopped);
+    empty.Queue().NextCommand();
+    EXPECT_EQ(empty.view.beeps, 1);
+
     QueueRig rig;
     rig.Play({u"a.mp3"});
     rig.Engine().PlayCommand(true);
@@ -202,13 +203,6 @@ TEST(NextPrevious, StoppedStepsBeepAfterAsManyAttemptsAsEntriesEvenWhenTheLastWo
     EXPECT_EQ(rig.view.beeps, 1);
 }
 
-TEST(NextPrevious, AnEmptyQueueBeeps) {
-    QueueRig rig;
-    rig.Engine().SetPlayState(kPlayStateStopped);
-    rig.Queue().NextCommand();
-    EXPECT_EQ(rig.view.beeps, 1);
-}
-
 TEST(NextPrevious, StepsWhilePlayingOrPausedPlayTheNewEntry) {
     QueueRig rig;
     rig.Play({u"a.mp3", u"b.mp3", u"c.mp3"});
@@ -222,22 +216,28 @@ TEST(NextPrevious, StepsWhilePlayingOrPausedPlayTheNewEntry) {
     EXPECT_EQ(rig.Engine().State(), kPlayStatePlaying);
 }
 
+// Where the draws alone put the entries: one number discarded, then one key
+// per entry in index order, a stable sort by key.
+std::vector<std::string> DrawnOrder(const std::vector<std::string>& before, ShuffleRandom draws,
+                                    std::map<std::string, int>& keys) {
+    draws.Next();
+    for (const auto& name : before)
+        keys[name] = draws.Next() % static_cast<int>(before.size());
+    std::vector<std::string> drawn = before;
+    std::stable_sort(drawn.begin(), drawn.end(),
+                     [&](const auto& x, const auto& y) { return keys[x] < keys[y]; });
+    return drawn;
+}
+
 TEST(Shuffle, DrawsOneDiscardedNumberThenOneKeyPerEntryInIndexOrder) {
     QueueRig rig;
     rig.Play({u"a.mp3", u"b.mp3", u"c.mp3", u"d.mp3", u"e.mp3"});
-    std::vector<std::string> before = rig.Order();
-    ShuffleRandom expected = rig.random; // the same state: the same draws
-    rig.Queue().Shuffle(true);
-    expected.Next();
     std::map<std::string, int> keys;
-    for (const auto& name : before)
-        keys[name] = expected.Next() % 5;
-    std::vector<std::string> sorted = before;
-    std::stable_sort(sorted.begin(), sorted.end(),
-                     [&](const auto& x, const auto& y) { return keys[x] < keys[y]; });
-    EXPECT_EQ(rig.Order(), sorted);
+    std::vector<std::string> drawn = DrawnOrder(rig.Order(), rig.random, keys);
+    rig.Queue().Shuffle(true);
+    EXPECT_EQ(rig.Order(), drawn);
     for (int i = 0; i < 5; ++i)
-        EXPECT_EQ(rig.Queue().Entry(i)->RunTimeD(), static_cast<std::uint32_t>(keys[rig.Order()[i]]));
+        EXPECT_EQ(rig.Queue().Entry(i)->RunTimeD(), static_cast<std::uint32_t>(keys[drawn[i]]));
 }
 
 TEST(Shuffle, ASingleEntryIsNotReordered) {
@@ -253,16 +253,8 @@ TEST(Shuffle, TheLastEntryIsNeverFirstUnlessTheOrderIsKept) {
     int moved = 0;
     for (int i = 0; i < 200; ++i) {
         std::vector<std::string> before = rig.Order();
-        // Where the draw alone would put the entries (the same draws).
-        ShuffleRandom draws = rig.random;
-        draws.Next();
         std::map<std::string, int> keys;
-        for (const auto& name : before)
-            keys[name] = draws.Next() % 3;
-        std::vector<std::string> drawn = before;
-        std::stable_sort(drawn.begin(), drawn.end(),
-                         [&](const auto& x, const auto& y) { return keys[x] < keys[y]; });
-
+        std::vector<std::string> drawn = DrawnOrder(before, rig.random, keys);
         rig.Queue().Shuffle(false);
         EXPECT_NE(rig.Order().front(), before.back());
         if (drawn.front() == before.back()) {
@@ -436,16 +428,13 @@ TEST(LoadQueue, AMissingFileLeavesTheQueueEmpty) {
 }
 
 TEST(SavedQueue, IsWrittenHiddenInThePlaylistsOwnOrderWhenRandom) {
-    {
-        QueueRig rig({true, kRepeatOff, false, 5});
-        rig.Play({u"a.mp3", u"b.mp3", u"c.mp3", u"d.mp3", u"e.mp3", u"f.mp3"});
-        ASSERT_NE(rig.Order(), (std::vector<std::string>{"a.mp3", "b.mp3", "c.mp3", "d.mp3",
-                                                         "e.mp3", "f.mp3"}));
-        rig.player.reset();
-        EXPECT_THAT(QueueFileOrder(), ElementsAre("a.mp3", "b.mp3", "c.mp3", "d.mp3", "e.mp3", "f.mp3"));
-        auto attributes = rig.device.Fs().GetAttributes(GetCurrentPlaylistPath());
-        EXPECT_NE(attributes & kAttrHidden, 0u);
-    }
+    const std::vector<std::string> own = {"a.mp3", "b.mp3", "c.mp3", "d.mp3", "e.mp3", "f.mp3"};
+    QueueRig rig({true, kRepeatOff, false, 5});
+    rig.Play({u"a.mp3", u"b.mp3", u"c.mp3", u"d.mp3", u"e.mp3", u"f.mp3"});
+    ASSERT_NE(rig.Order(), own);
+    rig.player.reset();
+    EXPECT_EQ(QueueFileOrder(), own);
+    EXPECT_NE(rig.device.Fs().GetAttributes(GetCurrentPlaylistPath()) & kAttrHidden, 0u);
 }
 
 TEST(PlayerSettingsLifetime, AreReadAtStartAndWrittenAtTheEnd) {

@@ -22,8 +22,7 @@ class PlayStateTable : public ::testing::TestWithParam<StateRow> {};
 
 TEST_P(PlayStateTable, ShowsTheButtonsThumbAndTimerOfTheState) {
     const StateRow& row = GetParam();
-    EngineRig rig;
-    rig.AddTracks({u"a.mp3"});
+    EngineRig rig({u"a.mp3"});
     rig.factory.script.durations["a.mp3"] = 1'800'000'000;
     rig.engine.OpenTrack(rig.Path(0));
     rig.engine.SetPlayState(row.state);
@@ -45,8 +44,7 @@ INSTANTIATE_TEST_SUITE_P(EveryState, PlayStateTable,
                                            StateRow{7, false, true, 2, 2, 2, 2}));
 
 TEST(PlayState, PlayingATrackOfUnknownLengthDisablesSeekAndHidesPause) {
-    EngineRig rig;
-    rig.AddTracks({u"stream.mp3"});
+    EngineRig rig({u"stream.mp3"});
     rig.engine.BuildGraph(rig.Path(0), true); // duration reads as 0
     EXPECT_TRUE(rig.engine.SeekDisabled());
     EXPECT_EQ(rig.buttons.State(kButtonPause), kDisplayHidden);
@@ -125,8 +123,7 @@ class VolumeStepCases : public ::testing::TestWithParam<VolumeCase> {};
 
 TEST_P(VolumeStepCases, StepsWithinTheTableAndUnmutesFirst) {
     const VolumeCase& c = GetParam();
-    EngineRig rig;
-    rig.AddTracks({u"a.mp3"});
+    EngineRig rig({u"a.mp3"});
     rig.volume.Restore(c.index, c.muted);
     rig.engine.OpenTrack(rig.Path(0));
     rig.volume.VolumeStep(c.up);
@@ -147,8 +144,7 @@ INSTANTIATE_TEST_SUITE_P(Edges, VolumeStepCases,
                                            VolumeCase{4, true, false, 3, -3200}));
 
 TEST(Volume, MuteSendsSilenceAndUnmuteTheIndexValue) {
-    EngineRig rig;
-    rig.AddTracks({u"a.mp3"});
+    EngineRig rig({u"a.mp3"});
     rig.volume.Restore(9, false);
     rig.engine.OpenTrack(rig.Path(0));
     rig.volume.ToggleMute();
@@ -159,8 +155,7 @@ TEST(Volume, MuteSendsSilenceAndUnmuteTheIndexValue) {
 }
 
 TEST(Volume, ChangesWithoutAGraphAreKeptForTheNextOne) {
-    EngineRig rig;
-    rig.AddTracks({u"a.mp3"});
+    EngineRig rig({u"a.mp3"});
     rig.volume.VolumeStep(true);
     rig.volume.VolumeStep(true);
     EXPECT_EQ(rig.volume.Index(), 7);

@@ -12,7 +12,6 @@
 #include "tests/support/test_device.h"
 #include "tests/ui/main_frame_app.h"
 #include "tests/ui/main_frame_rules_fixture.h"
-#include "tests/ui/skin_files.h"
 #include "ui/main_frame/frame_menu.h"
 #include "ui/main_frame/main_frame.h"
 #include "ui/skin/skin_module.h"
@@ -146,7 +145,8 @@ TEST_F(FrameWidget, TheFirstPaintsCheckFindsNoLibraryAndRebuildsIt) {
 TEST_F(FrameWidget, AColourChangeReloadsTheBrowsersBitmapsFromTheNewModule) {
     Make(false);
     const auto programDir = dev.Host(u"\\Flash Disk\\Zelvor");
-    std::filesystem::copy_file(BuiltSkinPath("ZelvorRed.rcc"), programDir / "ZelvorRed.rcc");
+    std::filesystem::copy_file(std::string(ZELVOR_SKIN_DIR) + "/ZelvorRed.rcc",
+                               programDir / "ZelvorRed.rcc");
     QWidget* empty = frame->BrowserScreen()->Widget();
     empty->setGeometry(0, 0, 240, 320);
     const QImage before = empty->grab().toImage();

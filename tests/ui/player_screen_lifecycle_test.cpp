@@ -2,42 +2,35 @@
 // after its first paint, what the frame hands it, the settings and queue it
 // leaves behind, its two orientations and what it paints in them.
 
-#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "app/window_messages.h"
 #include "playback/player_settings.h"
-#include "playlists/playlist_names.h"
 #include "tests/ui/player_screen_rig.h"
 
 namespace zelvor {
 namespace {
+using testing::PixelAt;
 using testing::ScreenRig;
-
-int CountPosted(const ScreenRig& rig, std::uint32_t message) {
-    return static_cast<int>(std::count_if(rig.frame.posted.begin(), rig.frame.posted.end(),
-                                          [&](const auto& m) { return m.message == message; }));
-}
 
 TEST(PlayerScreenLifecycle, TheFirstPaintAsksTheFrameOnceToCheckTheLibrary) {
     ScreenRig rig;
     rig.Screen().repaint();
     rig.Screen().update();
     QApplication::processEvents();
-    EXPECT_EQ(CountPosted(rig, kMsgStartupCheck), 1);
+    EXPECT_EQ(std::count_if(rig.frame.posted.begin(), rig.frame.posted.end(),
+                            [](const auto& m) { return m.message == kMsgStartupCheck; }),
+              1);
     EXPECT_EQ(rig.frame.posted.front(), (WindowMessage{kMsgStartupCheck, 0, 0}));
 }
 
 TEST(PlayerScreenLifecycle, DestructionWritesTheSettingsAndTheQueueForTheNextStart) {
     ScreenRig rig;
     rig.PlayList({u"a.mp3", u"b.mp3", u"c.mp3"});
-    rig.TapButton(kButtonVolumeUp);
-    rig.TapButton(kButtonVolumeUp);
-    rig.TapButton(kButtonRepeatOff);
-    rig.TapButton(kButtonRandomOff);
-    rig.TapButton(kButtonPlay);
+    for (int button : {kButtonVolumeUp, kButtonVolumeUp, kButtonRepeatOff, kButtonRandomOff,
+                       kButtonPlay})
+        rig.TapButton(button);
     rig.DestroyScreen();
-
     PlayerSettings saved = LoadPlayerSettings();
     EXPECT_TRUE(saved.random);
     EXPECT_EQ(saved.repeatMode, kRepeatOne);
@@ -60,13 +53,12 @@ TEST(PlayerScreenLifecycle, TheShellStatusShowsTheIndicatorAndItsMessagePausesPl
     EXPECT_TRUE(rig.Screen().Control().IndicatorShown());
     rig.Screen().SetShellStatus(0);
     EXPECT_FALSE(rig.Screen().Control().IndicatorShown());
-
     rig.Screen().OnShellPlayerMessage(); // stopped: nothing
     EXPECT_EQ(rig.State(), kPlayStateStopped);
     rig.TapButton(kButtonPlay);
     rig.Screen().OnShellPlayerMessage();
     EXPECT_EQ(rig.State(), kPlayStatePaused);
-    rig.Screen().OnShellPlayerMessage();
+    rig.Screen().OnShellPlayerMessage(); // pauses, never toggles
     EXPECT_EQ(rig.State(), kPlayStatePaused);
 }
 
@@ -78,7 +70,6 @@ TEST(PlayerScreenLifecycle, ARemovedCardReleasesTheTrackAndItsReturnPlaysItAgain
     rig.Screen().ReleaseCurrentTrack();
     EXPECT_EQ(rig.factory.liveGraphs, 0);
     EXPECT_EQ(rig.State(), kPlayStateStopped);
-
     rig.Screen().Resume();
     ASSERT_NE(rig.Graph(), nullptr);
     EXPECT_EQ(rig.Graph()->File(), "b.mp3");
@@ -87,21 +78,11 @@ TEST(PlayerScreenLifecycle, ARemovedCardReleasesTheTrackAndItsReturnPlaysItAgain
     EXPECT_EQ(rig.factory.liveGraphs, 1);
 }
 
-TEST(PlayerScreenLifecycle, HandingAListToTheQueueReplacesIt) {
-    ScreenRig rig;
-    EXPECT_EQ(rig.Screen().QueueCount(), 0);
-    TrackList list = rig.MakeList({u"x.mp3", u"y.mp3"}, 30);
-    rig.Screen().ReplaceQueue(list);
-    EXPECT_EQ(rig.Screen().QueueCount(), 2);
-    EXPECT_EQ(rig.GetPlayer().Queue().CounterText(), u"1/2");
-    EXPECT_EQ(rig.ButtonState(kButtonNext), kDisplayNormal);
-}
-
 TEST(PlayerScreenLifecycle, TheLayoutFollowsTheScreenShape) {
     ScreenRig rig;
     rig.PlayList({u"a.mp3"}, 100);
     rig.TapButton(kButtonPlay);
-    rig.Graph()->position = 50 * 10000000LL;
+    rig.Graph()->position = 50 * testing::kSecond;
     rig.Screen().OnTimer(kTimerPosition);
     const double before = rig.GetPlayer().Position().Bar().thumbX;
 
@@ -115,18 +96,8 @@ TEST(PlayerScreenLifecycle, TheLayoutFollowsTheScreenShape) {
     EXPECT_GT(bar.thumbX, bar.left); // the thumb keeps its place along the track
     EXPECT_LT(bar.thumbX, bar.right);
     EXPECT_NE(bar.thumbX, before);
-
     rig.Screen().resize(240, 320);
     EXPECT_EQ(rig.Screen().Orientation(), ScreenOrientation::Portrait);
-}
-
-// A pixel of an image that is drawn (not keyed out), in screen pixels.
-std::optional<QPoint> OpaquePixel(const QImage& image, QPoint origin) {
-    for (int y = image.height() / 2; y < image.height(); ++y)
-        for (int x = image.width() / 2; x < image.width(); ++x)
-            if ((image.pixel(x, y) | 0xFF000000u) != 0xFFFF00FFu)
-                return origin + QPoint(x, y);
-    return std::nullopt;
 }
 
 class PlayerScreenPicture : public ::testing::TestWithParam<ScreenOrientation> {
@@ -135,23 +106,31 @@ protected:
         return QStringLiteral("player_screen_%1_%2.png")
             .arg(GetParam() == ScreenOrientation::Portrait ? "portrait" : "landscape", state);
     }
+    // The shot shows, at a drawn (not keyed-out) pixel of the button, its
+    // normal image or its third (greyed) one.
+    static void ExpectShows(ScreenRig& rig, const QImage& shot, int button, bool third) {
+        SCOPED_TRACE(button);
+        const PlayerLayout& layout = *rig.Screen().Geometry().layout;
+        const PlayerScreenImages images = LoadPlayerScreenImages(SkinResourceHandle(), layout);
+        const auto& pair = images.buttons[static_cast<std::size_t>(button)];
+        const QImage& image = third ? pair.third : pair.normal;
+        const PixelPoint origin = layout.buttons[static_cast<std::size_t>(button)].position;
+        for (int y = image.height() / 2; y < image.height(); ++y)
+            for (int x = image.width() / 2; x < image.width(); ++x)
+                if (PixelAt(image, {x, y}) != 0xFFFF00FFu) {
+                    EXPECT_EQ(PixelAt(shot, {origin.x + x, origin.y + y}), PixelAt(image, {x, y}));
+                    return;
+                }
+        ADD_FAILURE() << "no drawn pixel";
+    }
 };
 
 TEST_P(PlayerScreenPicture, WithNothingToPlayTheTransportIsGreyedOut) {
     ScreenRig rig(GetParam());
     const QImage shot = rig.Screen().RenderScreen();
     EXPECT_TRUE(shot.save(testing::ArtifactPath(Name("empty"))));
-    const PlayerLayout& layout = *rig.Screen().Geometry().layout;
-    const PlayerScreenImages images = LoadPlayerScreenImages(SkinResourceHandle(), layout);
-    for (int greyed : {kButtonNext, kButtonPrevious, kButtonPlay, kButtonStop}) {
-        SCOPED_TRACE(greyed);
-        const PlayerButtonPlace& place = layout.buttons[static_cast<std::size_t>(greyed)];
-        const QImage& image = images.buttons[static_cast<std::size_t>(greyed)].third;
-        const QPoint origin(place.position.x, place.position.y);
-        auto at = OpaquePixel(image, origin);
-        ASSERT_TRUE(at);
-        EXPECT_EQ(testing::PixelAt(shot, *at), testing::PixelAt(image, *at - origin));
-    }
+    for (int greyed : {kButtonNext, kButtonPrevious, kButtonPlay, kButtonStop})
+        ExpectShows(rig, shot, greyed, true);
 }
 
 TEST_P(PlayerScreenPicture, PaintsTheStateItShowsAndIsSavedForPeople) {
@@ -159,7 +138,7 @@ TEST_P(PlayerScreenPicture, PaintsTheStateItShowsAndIsSavedForPeople) {
     rig.PlayList({u"Salt and Cedar by the Lowland Choir, recorded live.mp3", u"b.mp3", u"c.mp3"},
                  3725);
     rig.TapButton(kButtonPlay);
-    rig.Graph()->position = 1234 * 10000000LL;
+    rig.Graph()->position = 1234 * testing::kSecond;
     rig.Screen().OnTimer(kTimerPosition);
     rig.TapButton(kButtonRepeatOff);
     rig.TapButton(kButtonVolumeUp);
@@ -168,45 +147,29 @@ TEST_P(PlayerScreenPicture, PaintsTheStateItShowsAndIsSavedForPeople) {
     rig.host.power = {kAcLineOffline, kBatteryFlagHigh, 70};
     rig.Screen().OnTimer(kTimerClock);
     rig.Screen().SetShellStatus(1);
-
     const QImage shot = rig.Screen().RenderScreen();
     const PixelSize size = rig.Screen().Geometry().layout->screen;
     ASSERT_EQ(shot.size(), QSize(size.width, size.height));
     EXPECT_TRUE(shot.save(testing::ArtifactPath(Name("playing"))));
-
     // Pause shows where Play and Pause share their place; Repeat "one" where
     // the three Repeat images do.
-    const PlayerLayout& layout = *rig.Screen().Geometry().layout;
-    const PlayerScreenImages images = LoadPlayerScreenImages(SkinResourceHandle(), layout);
-    for (int shown : {kButtonPause, kButtonRepeatOne, kButtonNext}) {
-        SCOPED_TRACE(shown);
-        const PlayerButtonPlace& place = layout.buttons[static_cast<std::size_t>(shown)];
-        const QImage& image = images.buttons[static_cast<std::size_t>(shown)].normal;
-        auto at = OpaquePixel(image, {place.position.x, place.position.y});
-        ASSERT_TRUE(at);
-        EXPECT_EQ(testing::PixelAt(shot, *at),
-                  testing::PixelAt(image, *at - QPoint(place.position.x, place.position.y)));
-    }
+    for (int shown : {kButtonPause, kButtonRepeatOne, kButtonNext})
+        ExpectShows(rig, shot, shown, false);
 
     // Paused, the tapped time area shows the time left, with its marker.
     rig.TapButton(kButtonPause);
-    const PixelRect time = ElementArea(rig.Screen().Geometry(), ScreenElement::TimeDigits);
-    rig.Tap({(time.left + time.right) / 2, (time.top + time.bottom) / 2});
+    rig.Tap(testing::Centre(ElementArea(rig.Screen().Geometry(), ScreenElement::TimeDigits)));
     rig.Screen().SetShellStatus(0);
     const QImage paused = rig.Screen().RenderScreen();
     EXPECT_TRUE(paused.save(testing::ArtifactPath(Name("paused"))));
-    const PixelRect marker = ElementArea(rig.Screen().Geometry(), ScreenElement::RemainingMarker);
-    const QRect markerRect(marker.left, marker.top, marker.Width(), marker.Height());
-    EXPECT_NE(paused.copy(markerRect), shot.copy(markerRect));
-    const PixelRect play = ButtonArea(rig.Screen().Geometry(), kButtonPlay);
-    const QRect playRect(play.left, play.top, play.Width(), play.Height());
-    EXPECT_NE(paused.copy(playRect), shot.copy(playRect));
+    for (PixelRect r : {ElementArea(rig.Screen().Geometry(), ScreenElement::RemainingMarker),
+                        ButtonArea(rig.Screen().Geometry(), kButtonPlay)}) {
+        const QRect rect(r.left, r.top, r.Width(), r.Height());
+        EXPECT_NE(paused.copy(rect), shot.copy(rect));
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(BothOrientations, PlayerScreenPicture,
-                         ::testing::Values(ScreenOrientation::Portrait,
-                                           ScreenOrientation::Landscape),
-                         testing::OrientationName);
+ZELVOR_BOTH_ORIENTATIONS(PlayerScreenPicture);
 
 } // namespace
 } // namespace zelvor

@@ -2,7 +2,6 @@
 // plays a queue of real files to its end, the ends of stream reaching the
 // screen as posted events, and the WAV capture holds what was heard.
 
-#include <QMouseEvent>
 #include <chrono>
 #include <gtest/gtest.h>
 
@@ -31,25 +30,16 @@ TEST(PlayerScreenPlayback, PlaysTheQueueToItsEndThroughTheWidget) {
         album.AddTrack(std::move(record));
     }
     const auto capture = device.Root() / "played.wav";
-    AudioSinkChoice sink;
-    sink.kind = AudioSinkChoice::Kind::Wav;
-    sink.wavPath = capture;
     {
-        GstGraphFactory factory(sink);
+        GstGraphFactory factory(AudioSinkChoice{AudioSinkChoice::Kind::Wav, capture, false});
         testing::RecordingFrame frame;
         testing::FakeHost host;
         CPlayerScreen screen(frame, factory, ScreenOrientation::Portrait, host.Services());
         screen.show();
         screen.ReplaceQueue(album);
-        const PixelRect& play = screen.Geometry().buttons[kButtonPlay];
-        const QPoint at{(play.left + play.right) / 2, (play.top + play.bottom) / 2};
-        QMouseEvent press(QEvent::MouseButtonPress, QPointF(at), screen.mapToGlobal(QPointF(at)),
-                          Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-        QMouseEvent release(QEvent::MouseButtonRelease, QPointF(at),
-                            screen.mapToGlobal(QPointF(at)), Qt::LeftButton, Qt::NoButton,
-                            Qt::NoModifier);
-        QApplication::sendEvent(&screen, &press);
-        QApplication::sendEvent(&screen, &release);
+        const QPoint play = testing::Centre(screen.Geometry().buttons[kButtonPlay]);
+        testing::SendMouse(screen, QEvent::MouseButtonPress, play);
+        testing::SendMouse(screen, QEvent::MouseButtonRelease, play);
         ASSERT_EQ(screen.GetPlayer().Engine().State(), kPlayStatePlaying);
 
         const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QImage>
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
@@ -18,6 +19,8 @@
 
 namespace zelvor::testing {
 
+constexpr std::int64_t kSecond = 10000000; // media time units
+
 // A QApplication on the offscreen platform, once for the whole program.
 void EnsureWidgetApplication();
 
@@ -29,9 +32,7 @@ public:
     void HideFrame() override { ++hides; }
 
     std::vector<WindowMessage> posted;
-    int browsers = 0;
-    int menus = 0;
-    int hides = 0;
+    int browsers = 0, menus = 0, hides = 0;
 };
 
 struct FakeHost : SoundPlayer, IdleTimer, DisplayPower, PowerSource {
@@ -41,10 +42,7 @@ struct FakeHost : SoundPlayer, IdleTimer, DisplayPower, PowerSource {
         return true;
     }
     void SystemIdleTimerReset() override { ++idleResets; }
-    bool SetDisplayOff() override {
-        ++displayOffs;
-        return true;
-    }
+    bool SetDisplayOff() override { return ++displayOffs > 0; }
     bool GetSystemPowerStatusEx(SystemPowerStatus& out) override {
         out = power;
         return powerRead;
@@ -56,38 +54,44 @@ struct FakeHost : SoundPlayer, IdleTimer, DisplayPower, PowerSource {
         return host;
     }
 
-    int beeps = 0;
+    int beeps = 0, idleResets = 0, displayOffs = 0;
     std::vector<std::u16string> sounds;
-    int idleResets = 0;
-    int displayOffs = 0;
     SystemPowerStatus power{kAcLineOffline, kBatteryFlagHigh, 90};
     bool powerRead = true;
     std::uint32_t tick = 1000;
     LocalTime now{2024, 5, 3, 17, 9, 41, 0, 0};
 };
 
+// Pointer events at widget pixels, as Qt sends them.
+void SendMouse(QWidget& widget, QEvent::Type type, QPoint at);
+// The centre of a rectangle, as a widget point.
+inline QPoint Centre(const PixelRect& r) {
+    return {(r.left + r.right) / 2, (r.top + r.bottom) / 2};
+}
+
 class ScreenRig {
 public:
-    explicit ScreenRig(ScreenOrientation orientation = ScreenOrientation::Portrait);
-    ~ScreenRig();
+    explicit ScreenRig(ScreenOrientation orientation = ScreenOrientation::Portrait) {
+        EnsureWidgetApplication();
+        MakeScreen(orientation);
+    }
 
     // A new screen (the old one destroyed first, writing its settings).
     void MakeScreen(ScreenOrientation orientation);
-    void DestroyScreen();
+    void DestroyScreen() { m_screen.reset(); }
     CPlayerScreen& Screen() { return *m_screen; }
     Player& GetPlayer() { return m_screen->GetPlayer(); }
 
     // Music files that exist, handed to the queue; each lasts `seconds`.
     void PlayList(std::initializer_list<std::u16string_view> names, int seconds = 100);
-    TrackList MakeList(std::initializer_list<std::u16string_view> names, int seconds);
 
-    // Pointer events at screen pixels; the button helpers use the centre of
-    // a button's hit rectangle.
-    void Press(QPoint at);
-    void MoveTo(QPoint at);
-    void Release(QPoint at);
-    void Tap(QPoint at);
-    QPoint Centre(int button) const;
+    void Press(QPoint at) { SendMouse(*m_screen, QEvent::MouseButtonPress, at); }
+    void MoveTo(QPoint at) { SendMouse(*m_screen, QEvent::MouseMove, at); }
+    void Release(QPoint at) { SendMouse(*m_screen, QEvent::MouseButtonRelease, at); }
+    void Tap(QPoint at) { Press(at), Release(at); }
+    QPoint Centre(int button) const {
+        return testing::Centre(m_screen->Geometry().buttons[static_cast<std::size_t>(button)]);
+    }
     void TapButton(int button) { Tap(Centre(button)); }
     // Keys as Qt reports them; returns whether the widget took the press.
     bool KeyPress(int qtKey, bool autoRepeat = false);
@@ -97,6 +101,9 @@ public:
     FakeMediaGraph* Graph() { return factory.current; }
     int State() { return GetPlayer().Engine().State(); }
     int ButtonState(int button) { return GetPlayer().Buttons().State(button); }
+    bool Logged(const std::string& entry) const {
+        return std::find(factory.log.begin(), factory.log.end(), entry) != factory.log.end();
+    }
 
     TestDevice device;
     FakeMediaGraphFactory factory;
@@ -107,14 +114,27 @@ private:
     std::unique_ptr<CPlayerScreen> m_screen;
 };
 
+inline std::string SeekTo(std::int64_t seconds) {
+    return "seek " + std::to_string(seconds * kSecond);
+}
+
 // Where the tests leave pictures for people to look at: $TEST_OUTPUT_DIR,
 // else the build's artifacts folder.
 QString ArtifactPath(const QString& fileName);
 
-// "Portrait" or "Landscape", for the names of parameterised tests.
-std::string OrientationName(const ::testing::TestParamInfo<ScreenOrientation>& info);
+// Both orientations, named "Portrait" and "Landscape", for parameterised tests.
+#define ZELVOR_BOTH_ORIENTATIONS(Suite)                                                     \
+    INSTANTIATE_TEST_SUITE_P(                                                               \
+        BothOrientations, Suite,                                                            \
+        ::testing::Values(ScreenOrientation::Portrait, ScreenOrientation::Landscape),       \
+        [](const auto& p) {                                                                 \
+            return std::string(p.param == ScreenOrientation::Portrait ? "Portrait"       \
+                                                                         : "Landscape");    \
+        })
 
 // The colour of an image at a point, for comparing what was painted.
-QRgb PixelAt(const QImage& image, QPoint at);
+inline QRgb PixelAt(const QImage& image, QPoint at) {
+    return image.pixel(at) | 0xFF000000u;
+}
 
 } // namespace zelvor::testing

@@ -24,15 +24,13 @@ TEST(TitleScroll, RunsRoundTheTextOneCharacterATick) {
     EXPECT_EQ(shown, u"abc  |bc  a|c  ab|  abc| abc |abc  |");
 }
 
-TEST(TitleScroll, StepsOverASurrogatePairWhole) {
+TEST(TitleScroll, StepsOverASurrogatePairWholeAndStartsOutsideTheTextAtItsStart) {
     const std::u16string title = u"a\U0001D11Eb"; // a, G clef (two units), b
     EXPECT_EQ(NextTitleOffset(title, 0), 1);
     EXPECT_EQ(NextTitleOffset(title, 1), 3);
     EXPECT_EQ(NextTitleOffset(title, 3), 0);
     EXPECT_EQ(RotatedTitle(title, 3), u"ba\U0001D11E");
-}
-
-TEST(TitleScroll, OffsetsOutsideTheTextShowItFromTheStart) {
+    // Offsets outside the text show it from the start.
     EXPECT_EQ(RotatedTitle(u"abc", 7), u"abc");
     EXPECT_EQ(RotatedTitle(u"abc", -2), u"abc");
     EXPECT_EQ(RotatedTitle(u"", 1), u"");
@@ -60,21 +58,22 @@ TEST(ClockText, IsHoursAndMinutesOfTwoDigits) {
 
 class ScreenGeometryTest : public ::testing::TestWithParam<ScreenOrientation> {
 protected:
-    ScreenGeometry Geometry() const {
-        const PlayerLayout& layout = PlayerLayoutFor(GetParam());
+    // The geometry with every image loaded at its layout size, but `missing`.
+    ScreenGeometry Geometry(int missing = -1) const {
         std::array<PixelSize, kPlayerButtonCount> sizes{};
         for (std::size_t i = 0; i < sizes.size(); ++i)
-            sizes[i] = layout.buttons[i].size;
-        return MakeScreenGeometry(layout, sizes, kSeekThumbSize);
+            sizes[i] = static_cast<int>(i) == missing ? PixelSize{} : Layout().buttons[i].size;
+        return MakeScreenGeometry(Layout(), sizes, kSeekThumbSize);
     }
+    const PlayerLayout& Layout() const { return PlayerLayoutFor(GetParam()); }
     static PixelPoint Centre(const PixelRect& r) {
         return {(r.left + r.right) / 2, (r.top + r.bottom) / 2};
     }
+    testing::RecordingPlayerView view;
+    PlayerButtons buttons{view};
 };
 
 TEST_P(ScreenGeometryTest, APressFindsTheButtonShownAtASharedPlace) {
-    testing::RecordingPlayerView view;
-    PlayerButtons buttons(view);
     const ScreenGeometry geometry = Geometry();
     const PixelPoint place = Centre(geometry.buttons[kButtonPlay]);
     buttons.Set(kButtonPlay, kDisplayHidden);
@@ -82,7 +81,6 @@ TEST_P(ScreenGeometryTest, APressFindsTheButtonShownAtASharedPlace) {
     EXPECT_EQ(ButtonAt(geometry, buttons, place), kButtonPause);
     buttons.Set(kButtonPause, kDisplayHidden);
     EXPECT_EQ(ButtonAt(geometry, buttons, place), std::nullopt);
-
     buttons.Set(kButtonRepeatOff, kDisplayHidden);
     buttons.Set(kButtonRepeatOne, kDisplayHidden);
     EXPECT_EQ(ButtonAt(geometry, buttons, Centre(geometry.buttons[kButtonRepeatOff])),
@@ -90,17 +88,10 @@ TEST_P(ScreenGeometryTest, APressFindsTheButtonShownAtASharedPlace) {
 }
 
 TEST_P(ScreenGeometryTest, AButtonWhoseImageDidNotLoadIsNotHit) {
-    testing::RecordingPlayerView view;
-    PlayerButtons buttons(view);
-    const PlayerLayout& layout = PlayerLayoutFor(GetParam());
-    std::array<PixelSize, kPlayerButtonCount> sizes{};
-    for (std::size_t i = 0; i < sizes.size(); ++i)
-        sizes[i] = layout.buttons[i].size;
-    sizes[kButtonLibrary] = {};
-    const ScreenGeometry geometry = MakeScreenGeometry(layout, sizes, kSeekThumbSize);
-    EXPECT_EQ(ButtonAt(geometry, buttons, Centre(ButtonRect(layout.buttons[kButtonLibrary]))),
-              std::nullopt);
-    EXPECT_EQ(ButtonArea(geometry, kButtonLibrary), ButtonRect(layout.buttons[kButtonLibrary]));
+    const ScreenGeometry geometry = Geometry(kButtonLibrary);
+    const PixelRect place = ButtonRect(Layout().buttons[kButtonLibrary]);
+    EXPECT_EQ(ButtonAt(geometry, buttons, Centre(place)), std::nullopt);
+    EXPECT_EQ(ButtonArea(geometry, kButtonLibrary), place);
 }
 
 TEST_P(ScreenGeometryTest, TheSeekBarsAreaHoldsTheThumbAnywhereOnItsTravel) {
@@ -140,10 +131,7 @@ TEST_P(ScreenGeometryTest, ElementsRepaintApartFromEachOther) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(BothOrientations, ScreenGeometryTest,
-                         ::testing::Values(ScreenOrientation::Portrait,
-                                           ScreenOrientation::Landscape),
-                         testing::OrientationName);
+ZELVOR_BOTH_ORIENTATIONS(ScreenGeometryTest);
 
 } // namespace
 } // namespace zelvor

@@ -2,129 +2,114 @@
 // tapping the bar seeks, and a tap on the digits switches elapsed and
 // remaining time.
 
-#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "tests/ui/player_screen_rig.h"
 
 namespace zelvor {
 namespace {
+using testing::kSecond;
 using testing::ScreenRig;
+using testing::SeekTo;
+using Log = std::vector<std::string>;
 
-constexpr std::int64_t kSecond = 10000000;
-
+// A playing 100 s track; the bar's ends as the thumb travels them: left at
+// the bar's left, right one thumb width short of its right.
 class SeekBarTest : public ::testing::TestWithParam<ScreenOrientation> {
 protected:
-    // The bar's ends as the thumb travels them: L at the bar's left, R one
-    // thumb width short of its right.
-    struct Travel {
-        int left;
-        int right;
-        int thumbHalf;
-        int top;
-    };
-    static Travel TravelOf(const CPlayerScreen& screen) {
-        const ScreenGeometry& g = screen.Geometry();
-        const PixelRect& bar = g.buttons[kButtonSeekBar];
-        return {bar.left, bar.right - g.thumb.width, g.thumb.width / 2, bar.top};
+    SeekBarTest() : rig(GetParam()) {
+        const ScreenGeometry& g = rig.Screen().Geometry();
+        bar = g.buttons[kButtonSeekBar];
+        right = bar.right - g.thumb.width;
+        thumbHalf = g.thumb.width / 2;
+        y = bar.top + 5;
     }
-    static std::vector<std::string> Seeks(const ScreenRig& rig, std::size_t mark) {
-        std::vector<std::string> seeks;
+    void Play() {
+        rig.PlayList({u"a.mp3"}, 100);
+        rig.TapButton(kButtonPlay);
+    }
+    Log SeeksSince(std::size_t mark) const {
+        Log seeks;
         for (const std::string& entry : rig.factory.LogSince(mark))
             if (entry.rfind("seek ", 0) == 0)
                 seeks.push_back(entry);
         return seeks;
     }
+    const SeekBar& Bar() { return rig.GetPlayer().Position().Bar(); }
+
+    ScreenRig rig;
+    PixelRect bar;
+    int right, thumbHalf, y;
 };
 
 TEST_P(SeekBarTest, DraggingTheThumbToTheMiddleSeeksToHalfTheTrack) {
-    ScreenRig rig(GetParam());
-    rig.PlayList({u"a.mp3"}, 100);
-    rig.TapButton(kButtonPlay);
-    const Travel travel = TravelOf(rig.Screen());
+    Play();
     // The drop maps (X - L - 4) / (R - L - 4) to the track: half way is
     // L + 4 + half the span, and the finger holds the thumb by its middle.
-    const int span = travel.right - travel.left - 4;
+    const int span = right - bar.left - 4;
     ASSERT_EQ(span % 2, 0);
-    const int dropX = travel.left + 4 + span / 2 + travel.thumbHalf;
-    const int y = travel.top + 5;
-
-    rig.Press({travel.left + travel.thumbHalf, y}); // on the thumb
+    const int dropX = bar.left + 4 + span / 2 + thumbHalf;
+    rig.Press({bar.left + thumbHalf, y}); // on the thumb
     rig.MoveTo({dropX - 30, y});
-    const int dragged = rig.GetPlayer().Position().Bar().thumbX;
+    const int dragged = Bar().thumbX;
     rig.Graph()->position = 3 * kSecond;
     rig.Screen().OnTimer(kTimerPosition); // the tick leaves a dragged thumb alone
-    EXPECT_EQ(rig.GetPlayer().Position().Bar().thumbX, dragged);
+    EXPECT_EQ(Bar().thumbX, dragged);
     EXPECT_EQ(rig.ButtonState(kButtonSeekBar), kDisplayPressed);
 
     const std::size_t mark = rig.factory.log.size();
     rig.MoveTo({dropX, y});
     rig.Release({dropX, y});
-    EXPECT_EQ(Seeks(rig, mark), std::vector<std::string>{"seek " + std::to_string(50 * kSecond)});
+    EXPECT_EQ(SeeksSince(mark), Log{SeekTo(50)});
     EXPECT_EQ(rig.ButtonState(kButtonSeekBar), kDisplayNormal);
-    EXPECT_EQ(rig.GetPlayer().Position().Bar().drag, kDragIdle);
+    EXPECT_EQ(Bar().drag, kDragIdle);
 }
 
 TEST_P(SeekBarTest, ATapOnTheBarSeeksWhereItLands) {
-    ScreenRig rig(GetParam());
-    rig.PlayList({u"a.mp3"}, 100);
-    rig.TapButton(kButtonPlay);
-    const Travel travel = TravelOf(rig.Screen());
-    const PixelRect bar = rig.Screen().Geometry().buttons[kButtonSeekBar];
-    const int y = travel.top + 5;
-
+    Play();
     std::size_t mark = rig.factory.log.size();
     rig.Tap({bar.right - 1, y}); // past the end of the travel: the end
-    EXPECT_EQ(Seeks(rig, mark), std::vector<std::string>{"seek " + std::to_string(100 * kSecond)});
+    EXPECT_EQ(SeeksSince(mark), Log{SeekTo(100)});
 
-    // While the bar holds the mouse the position timer does not move the
-    // thumb back.
-    rig.Press({travel.left + 60, y});
-    EXPECT_TRUE(rig.GetPlayer().Position().Bar().captured);
-    const int pressedAt = rig.GetPlayer().Position().Bar().thumbX;
+    // While the bar holds the mouse the position timer does not move the thumb back.
+    rig.Press({bar.left + 60, y});
+    EXPECT_TRUE(Bar().captured);
+    const int pressedAt = Bar().thumbX;
     rig.Graph()->position = 90 * kSecond;
     rig.Screen().OnTimer(kTimerPosition);
-    EXPECT_EQ(rig.GetPlayer().Position().Bar().thumbX, pressedAt);
+    EXPECT_EQ(Bar().thumbX, pressedAt);
     mark = rig.factory.log.size();
     rig.Release({bar.left, y}); // dropped before the start
-    EXPECT_EQ(Seeks(rig, mark), std::vector<std::string>{"seek 0"});
-    EXPECT_FALSE(rig.GetPlayer().Position().Bar().captured);
+    EXPECT_EQ(SeeksSince(mark), Log{"seek 0"});
+    EXPECT_FALSE(Bar().captured);
 }
 
 TEST_P(SeekBarTest, WithNothingLoadedTheBarDoesNotSeek) {
-    ScreenRig rig(GetParam());
-    const Travel travel = TravelOf(rig.Screen());
-    rig.Press({travel.left + 40, travel.top + 5});
-    EXPECT_FALSE(rig.GetPlayer().Position().Bar().captured);
-    EXPECT_EQ(rig.GetPlayer().Position().Bar().drag, kDragIdle);
-    rig.Release({travel.left + 40, travel.top + 5});
-    EXPECT_EQ(rig.factory.log, std::vector<std::string>{});
+    rig.Press({bar.left + 40, y});
+    EXPECT_FALSE(Bar().captured);
+    EXPECT_EQ(Bar().drag, kDragIdle);
+    rig.Release({bar.left + 40, y});
+    EXPECT_EQ(rig.factory.log, Log{});
 }
 
 TEST_P(SeekBarTest, ATapOnTheDigitsSwitchesElapsedAndRemainingTime) {
-    ScreenRig rig(GetParam());
     rig.PlayList({u"a.mp3"}, 59);
     rig.TapButton(kButtonPlay);
     rig.Graph()->position = 30 * kSecond;
-    const PixelRect time = ElementArea(rig.Screen().Geometry(), ScreenElement::TimeDigits);
-    const QPoint digits{(time.left + time.right) / 2, (time.top + time.bottom) / 2};
-
+    const QPoint digits =
+        testing::Centre(ElementArea(rig.Screen().Geometry(), ScreenElement::TimeDigits));
     rig.Tap(digits);
     const PlayerPosition& position = rig.GetPlayer().Position();
     EXPECT_TRUE(position.ShowsRemaining());
     EXPECT_EQ(position.Time(), (TimeDisplay{0, 0, 29}));
     rig.Screen().OnTimer(kTimerPosition);
     EXPECT_EQ(position.Time(), (TimeDisplay{0, 0, 29}));
-
     rig.Tap(digits);
     EXPECT_FALSE(position.ShowsRemaining());
     EXPECT_EQ(position.Time(), (TimeDisplay{0, 0, 30}));
 }
 
-INSTANTIATE_TEST_SUITE_P(BothOrientations, SeekBarTest,
-                         ::testing::Values(ScreenOrientation::Portrait,
-                                           ScreenOrientation::Landscape),
-                         testing::OrientationName);
+ZELVOR_BOTH_ORIENTATIONS(SeekBarTest);
 
 } // namespace
 } // namespace zelvor

@@ -6,7 +6,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstdlib>
-#include <fstream>
+#include <functional>
 #include <gtest/gtest.h>
 
 #include "platform/host/host_sounds.h"
@@ -17,25 +17,29 @@
 namespace zelvor {
 namespace {
 
-// A 16-bit mono PCM wave file of a 660 Hz tone.
-std::string ToneWav(int rate, double seconds) {
-    const auto frames = static_cast<std::uint32_t>(rate * seconds);
+// A 16-bit mono PCM wave file of a 660 Hz tone at 22050 Hz.
+std::string ToneWav(double seconds) {
+    const int rate = 22050;
     std::string data;
-    for (std::uint32_t i = 0; i < frames; ++i) {
-        auto sample = static_cast<std::int16_t>(12000 * std::sin(2 * M_PI * 660 * i / rate));
-        data.push_back(static_cast<char>(sample & 0xFF));
-        data.push_back(static_cast<char>((sample >> 8) & 0xFF));
-    }
-    auto le = [](std::uint32_t value, int bytes) {
-        std::string out;
+    auto le = [](std::string& out, std::uint32_t value, int bytes) {
         for (int i = 0; i < bytes; ++i)
             out.push_back(static_cast<char>((value >> (8 * i)) & 0xFF));
-        return out;
     };
-    const auto size = static_cast<std::uint32_t>(data.size());
-    return "RIFF" + le(36 + size, 4) + "WAVEfmt " + le(16, 4) + le(1, 2) + le(1, 2) +
-           le(static_cast<std::uint32_t>(rate), 4) + le(static_cast<std::uint32_t>(rate) * 2, 4) +
-           le(2, 2) + le(16, 2) + "data" + le(size, 4) + data;
+    for (int i = 0; i < static_cast<int>(rate * seconds); ++i)
+        le(data, static_cast<std::uint16_t>(
+                      static_cast<std::int16_t>(12000 * std::sin(2 * M_PI * 660 * i / rate))),
+           2);
+    std::string out = "RIFF";
+    le(out, 36 + static_cast<std::uint32_t>(data.size()), 4);
+    out += "WAVEfmt ";
+    // PCM, mono, the rate, bytes a second, bytes a frame, bits a sample.
+    const std::pair<std::uint32_t, int> format[] = {{16, 4},    {1, 2}, {1, 2}, {22050, 4},
+                                                    {44100, 4}, {2, 2}, {16, 2}};
+    for (auto [value, bytes] : format)
+        le(out, value, bytes);
+    out += "data";
+    le(out, static_cast<std::uint32_t>(data.size()), 4);
+    return out + data;
 }
 
 // Runs the event loop until every sound ended (or a generous time is up).
@@ -46,45 +50,59 @@ bool WaitUntilQuiet(const HostSounds& sounds) {
     return sounds.ActiveSounds() == 0;
 }
 
-AudioSinkChoice WavSink(const std::filesystem::path& path) {
-    AudioSinkChoice sink;
-    sink.kind = AudioSinkChoice::Kind::Wav;
-    sink.wavPath = path;
-    return sink;
+// What `play` made heard through a capture of its own, the sounds gone after.
+std::optional<testing::WavData> Heard(const std::filesystem::path& capture,
+                                      const std::function<void(HostSounds&)>& play) {
+    testing::EnsureWidgetApplication();
+    {
+        HostSounds sounds(AudioSinkChoice{AudioSinkChoice::Kind::Wav, capture, false});
+        play(sounds);
+    }
+    return testing::ReadWav(capture);
 }
 
 TEST(HostSounds, TheBeepIsAShortToneThatEndsByItself) {
-    testing::EnsureWidgetApplication();
     testing::TempDir dir;
-    const auto capture = dir.Path() / "beep.wav";
-    {
-        HostSounds sounds(WavSink(capture));
+    auto wav = Heard(dir.Path() / "beep.wav", [](HostSounds& sounds) {
         sounds.MessageBeep();
         EXPECT_EQ(sounds.ActiveSounds(), 1);
         ASSERT_TRUE(WaitUntilQuiet(sounds));
-    }
-    auto wav = testing::ReadWav(capture);
+    });
     ASSERT_TRUE(wav);
     EXPECT_NEAR(wav->Seconds(), 0.12, 0.03);
     EXPECT_GT(wav->Peak(), 3000);
 }
 
 TEST(HostSounds, TheDevicesWaveFilesPlayAndMissingOnesDoNot) {
-    testing::EnsureWidgetApplication();
     testing::TestDevice device;
-    device.WriteFile(kSoundDeleteSong, ToneWav(22050, 0.25));
-    const auto capture = device.Root() / "sounds.wav";
-    {
-        HostSounds sounds(WavSink(capture));
+    device.WriteFile(kSoundDeleteSong, ToneWav(0.25));
+    auto wav = Heard(device.Root() / "sounds.wav", [](HostSounds& sounds) {
         EXPECT_FALSE(sounds.PlaySound(kSoundMyFavorite)); // not on this device
         EXPECT_EQ(sounds.ActiveSounds(), 0);
         EXPECT_TRUE(sounds.PlaySound(u"\\WINDOWS\\deletesong.WAV")); // found ignoring case
         ASSERT_TRUE(WaitUntilQuiet(sounds));
-    }
-    auto wav = testing::ReadWav(capture);
+    });
     ASSERT_TRUE(wav);
     EXPECT_NEAR(wav->Seconds(), 0.25, 0.05);
     EXPECT_GT(wav->Peak(), 6000);
+}
+
+TEST(HostSounds, SoundsStillPlayingStopWithTheirOwnerAndLeaveTheCaptureWhole) {
+    testing::TestDevice device;
+    device.WriteFile(kSoundMyFavorite, ToneWav(3.0));
+    const auto capture = device.Root() / "cut.wav";
+    auto wav = Heard(capture, [&](HostSounds& sounds) {
+        ASSERT_TRUE(sounds.PlaySound(kSoundMyFavorite));
+        // Until the first audio reached the capture (a header and more).
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+        std::error_code error;
+        while (std::filesystem::file_size(capture, error) < 4096 &&
+               std::chrono::steady_clock::now() < deadline)
+            QApplication::processEvents(QEventLoop::AllEvents, 20);
+        EXPECT_EQ(sounds.ActiveSounds(), 1);
+    }); // stopped at the owner's end, long before the tone's
+    ASSERT_TRUE(wav);
+    EXPECT_LT(wav->Seconds(), 2.5);
 }
 
 TEST(HostSounds, ACaptureNamedInTheEnvironmentIsLeftToThePlaybackGraph) {
@@ -93,8 +111,7 @@ TEST(HostSounds, ACaptureNamedInTheEnvironmentIsLeftToThePlaybackGraph) {
     const auto capture = dir.Path() / "tracks.wav";
     const char* before = std::getenv("ZELVOR_AUDIO_SINK");
     const std::string saved = before ? before : "";
-    const std::string value = "wav:" + capture.string();
-    setenv("ZELVOR_AUDIO_SINK", value.c_str(), 1);
+    setenv("ZELVOR_AUDIO_SINK", ("wav:" + capture.string()).c_str(), 1);
     {
         HostSounds sounds;
         sounds.MessageBeep();
@@ -114,27 +131,6 @@ TEST(HostSounds, ABurstOfBeepsIsCappedAndTheRestDropped) {
         sounds.MessageBeep();
     EXPECT_EQ(sounds.ActiveSounds(), HostSounds::kMaxActive);
     EXPECT_TRUE(WaitUntilQuiet(sounds));
-}
-
-TEST(HostSounds, SoundsStillPlayingStopWithTheirOwnerAndLeaveTheCaptureWhole) {
-    testing::EnsureWidgetApplication();
-    testing::TestDevice device;
-    device.WriteFile(kSoundMyFavorite, ToneWav(22050, 3.0));
-    const auto capture = device.Root() / "cut.wav";
-    {
-        HostSounds sounds(WavSink(capture));
-        ASSERT_TRUE(sounds.PlaySound(kSoundMyFavorite));
-        // Until the first audio reached the capture (a header and more).
-        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-        std::error_code error;
-        while (std::filesystem::file_size(capture, error) < 4096 &&
-               std::chrono::steady_clock::now() < deadline)
-            QApplication::processEvents(QEventLoop::AllEvents, 20);
-        EXPECT_EQ(sounds.ActiveSounds(), 1);
-    } // stopped here, long before the tone's end
-    auto wav = testing::ReadWav(capture);
-    ASSERT_TRUE(wav);
-    EXPECT_LT(wav->Seconds(), 2.5);
 }
 
 } // namespace

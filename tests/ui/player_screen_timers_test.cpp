@@ -16,13 +16,14 @@ TEST(PlayerScreenTimers, TheClockAndBatteryRefreshEveryFiveSecondsInEveryState) 
         std::int32_t state;
         std::uint16_t minute;
         std::u16string clock;
-        std::uint8_t percent;
+        SystemPowerStatus power;
         int level;
     };
     const Step steps[] = {
-        {-1, kPlayStateStopped, 5, u"07:05", 35, 2},
-        {kButtonPlay, kPlayStatePlaying, 10, u"07:10", 61, 4},
-        {kButtonPause, kPlayStatePaused, 15, u"07:15", 0, 0},
+        {-1, kPlayStateStopped, 5, u"07:05", {kAcLineOffline, 0, 35}, 2},
+        // A charging flag without mains shows the charge, not the charging image.
+        {kButtonPlay, kPlayStatePlaying, 10, u"07:10", {kAcLineOffline, kBatteryFlagCharging, 61}, 4},
+        {kButtonPause, kPlayStatePaused, 15, u"07:15", {kAcLineOffline, 0, 0}, 0},
     };
     ScreenRig rig;
     EXPECT_EQ(rig.Screen().Control().Clock(), u"09:41"); // read when the screen was made
@@ -35,35 +36,14 @@ TEST(PlayerScreenTimers, TheClockAndBatteryRefreshEveryFiveSecondsInEveryState) 
         EXPECT_TRUE(rig.Screen().TimerRunning(kTimerClock));
         rig.host.now.hour = 7;
         rig.host.now.minute = step.minute;
-        rig.host.power = {kAcLineOffline, 0, step.percent};
+        rig.host.power = step.power;
         rig.Screen().OnTimer(kTimerClock);
         EXPECT_EQ(rig.Screen().Control().Clock(), step.clock);
         EXPECT_EQ(rig.Screen().Control().BatteryLevel(), step.level);
     }
-}
-
-TEST(PlayerScreenTimers, TheBatteryShowsChargingOnMainsAndWhenUnknown) {
-    struct Case {
-        SystemPowerStatus status;
-        bool read;
-        int level;
-    };
-    const Case cases[] = {
-        {{kAcLineOnline, kBatteryFlagCharging | kBatteryFlagLow, 15}, true, 100},
-        {{kAcLineOffline, kBatteryFlagCharging, 15}, true, 1}, // charging flag without mains
-        {{kAcLineOnline, kBatteryFlagHigh, 100}, true, 5},     // full, on mains
-        {{kAcLineOffline, kBatteryFlagNoBattery, kBatteryPercentUnknown}, true, 100},
-        {{kAcLineOffline, kBatteryFlagHigh, 90}, false, 100}, // the status could not be read
-    };
-    ScreenRig rig;
-    for (const Case& c : cases) {
-        rig.host.power = c.status;
-        rig.host.powerRead = c.read;
-        rig.Screen().OnTimer(kTimerClock);
-        EXPECT_EQ(rig.Screen().Control().BatteryLevel(), c.level)
-            << int(c.status.acLineStatus) << " " << int(c.status.batteryFlag) << " "
-            << int(c.status.batteryLifePercent);
-    }
+    rig.host.powerRead = false; // the status could not be read: the charging image
+    rig.Screen().OnTimer(kTimerClock);
+    EXPECT_EQ(rig.Screen().Control().BatteryLevel(), 100);
 }
 
 TEST(PlayerScreenTimers, TheIdleTimerIsResetOnlyWhilePlayingAndAtMostEveryFiftySeconds) {
@@ -73,7 +53,6 @@ TEST(PlayerScreenTimers, TheIdleTimerIsResetOnlyWhilePlayingAndAtMostEveryFiftyS
     rig.Screen().OnTimer(kTimerClock);
     rig.Screen().OnTimer(kTimerPosition);
     EXPECT_EQ(rig.host.idleResets, 0); // stopped
-
     rig.TapButton(kButtonPlay);
     rig.Screen().OnTimer(kTimerPosition);
     EXPECT_EQ(rig.host.idleResets, 1);
@@ -84,7 +63,6 @@ TEST(PlayerScreenTimers, TheIdleTimerIsResetOnlyWhilePlayingAndAtMostEveryFiftyS
     rig.host.tick += 1;
     rig.Screen().OnTimer(kTimerClock); // whichever timer ticks
     EXPECT_EQ(rig.host.idleResets, 2);
-
     rig.TapButton(kButtonPause);
     rig.host.tick += 120'000;
     rig.Screen().OnTimer(kTimerClock);
@@ -97,13 +75,11 @@ TEST(PlayerScreenTimers, ATitleWiderThanItsAreaScrollsOneCharacterAPositionTick)
     const PlayQueue& queue = rig.GetPlayer().Queue();
     ASSERT_TRUE(queue.TitleScrolls());
     rig.TapButton(kButtonPlay);
-    const int length = static_cast<int>(queue.TitleText().size());
-    for (int tick = 1; tick <= length; ++tick)
+    for (std::size_t tick = 0; tick < queue.TitleText().size(); ++tick)
         rig.Screen().OnTimer(kTimerPosition);
     EXPECT_EQ(queue.TitleScrollOffset(), 0); // once round
     rig.Screen().OnTimer(kTimerPosition);
     EXPECT_EQ(queue.TitleScrollOffset(), 1);
-
     rig.TapButton(kButtonNext); // "b" fits: it stands still
     EXPECT_FALSE(queue.TitleScrolls());
     rig.Screen().OnTimer(kTimerPosition);
@@ -115,8 +91,7 @@ TEST(PlayerScreenTimers, TheEndOfATrackArrivesAsAPostedEventAndAdvances) {
     rig.factory.script.eventsOnRun["a.mp3"] = {kEcComplete};
     rig.PlayList({u"a.mp3", u"b.mp3"});
     rig.TapButton(kButtonPlay);
-    // Nothing happens inside the graph's call: the news is posted.
-    EXPECT_EQ(rig.GetPlayer().Queue().CurrentIndex(), 0);
+    EXPECT_EQ(rig.GetPlayer().Queue().CurrentIndex(), 0); // not inside the graph's call
     QApplication::processEvents();
     EXPECT_EQ(rig.GetPlayer().Queue().CurrentIndex(), 1);
     EXPECT_EQ(rig.Graph()->File(), "b.mp3");
@@ -129,7 +104,7 @@ TEST(PlayerScreenTimers, ThePositionTimerRunsOnlyWhilePlaying) {
     EXPECT_FALSE(rig.Screen().TimerRunning(kTimerPosition));
     rig.TapButton(kButtonPlay);
     EXPECT_TRUE(rig.Screen().TimerRunning(kTimerPosition));
-    rig.Graph()->position = 61 * 10000000LL;
+    rig.Graph()->position = 61 * testing::kSecond;
     rig.Screen().OnTimer(kTimerPosition);
     EXPECT_EQ(rig.GetPlayer().Position().Time(), (TimeDisplay{0, 1, 1}));
     rig.TapButton(kButtonPause);

@@ -12,16 +12,14 @@ using testing::ReadBuiltSkin;
 
 std::uint32_t Get32(const std::vector<std::byte>& b, std::size_t at) {
     std::uint32_t v = 0;
-    for (std::size_t i = 0; i < 4; ++i) {
+    for (std::size_t i = 0; i < 4; ++i)
         v = (v << 8) | std::to_integer<std::uint32_t>(b[at + i]);
-    }
     return v;
 }
 
 void Put32(std::vector<std::byte>& b, std::size_t at, std::uint32_t v) {
-    for (std::size_t i = 0; i < 4; ++i) {
+    for (std::size_t i = 0; i < 4; ++i)
         b[at + i] = static_cast<std::byte>(v >> (24 - 8 * i));
-    }
 }
 
 // A real bundle made by rcc, and the places in it the faults go to.
@@ -42,9 +40,8 @@ protected:
 
 TEST_F(ResourceBundleCheckTest, AcceptsEveryBundleTheBuildMade) {
     for (const char* name :
-         {"ZelvorBlue.rcc", "ZelvorRed.rcc", "ZelvorOrange.rcc", "ZelvorGreen.rcc"}) {
+         {"ZelvorBlue.rcc", "ZelvorRed.rcc", "ZelvorOrange.rcc", "ZelvorGreen.rcc"})
         EXPECT_TRUE(IsValidResourceBundle(ReadBuiltSkin(name))) << name;
-    }
 }
 
 TEST_F(ResourceBundleCheckTest, RefusesATruncatedBundle) {
@@ -56,56 +53,37 @@ TEST_F(ResourceBundleCheckTest, RefusesATruncatedBundle) {
     }
 }
 
-TEST_F(ResourceBundleCheckTest, RefusesForgedHeaders) {
-    struct Fault {
-        const char* what;
-        std::size_t at;
-        std::uint32_t value;
-    };
-    for (const Fault& f : {Fault{"magic", 0, 0x71726574}, Fault{"version 0", 4, 0},
-                           Fault{"version 4", 4, 4}, Fault{"tree past the end", 8, 0xFFFFFFF0},
-                           Fault{"data past the end", 12, 0x7FFFFFFF},
-                           Fault{"names past the end", 16, 0x7FFFFFFF},
-                           Fault{"unknown flags", 20, 0x80}}) {
-        auto forged = m_bundle;
-        Put32(forged, f.at, f.value);
-        EXPECT_FALSE(IsValidResourceBundle(forged)) << f.what;
-    }
-}
-
-TEST_F(ResourceBundleCheckTest, RefusesForgedTreeNodes) {
+// One 32-bit word changed in each: the header, the tree's nodes, and the
+// lengths stored before a file's data and before its name.
+TEST_F(ResourceBundleCheckTest, RefusesForgedWords) {
+    const std::size_t blob = Get32(m_bundle, 12) + Get32(m_bundle, m_firstFile + 10);
+    const std::size_t name = Get32(m_bundle, 16) + Get32(m_bundle, m_firstFile);
     struct Fault {
         const char* what;
         std::size_t at;
         std::uint32_t value;
     };
     for (const Fault& f : {
+             Fault{"magic", 0, 0x71726574},
+             Fault{"version 0", 4, 0},
+             Fault{"version 4", 4, 4},
+             Fault{"tree past the end", 8, 0xFFFFFFF0},
+             Fault{"data past the end", 12, 0x7FFFFFFF},
+             Fault{"names past the end", 16, 0x7FFFFFFF},
+             Fault{"unknown flags", 20, 0x80},
              Fault{"root's children start at the root", m_tree + 10, 0},
              Fault{"more children than nodes", m_tree + 6, 0x7FFFFFFF},
              Fault{"children run past the tree", m_tree + 10, 0x00FFFFFF},
              Fault{"name offset past the names", m_firstFile, 0x7FFFFF00},
              Fault{"data offset past the data", m_firstFile + 10, 0x7FFFFF00},
+             Fault{"data length overruns the file", blob, std::uint32_t(m_bundle.size())},
+             // The name's 16-bit length, its hash kept.
+             Fault{"name length overruns the file", name, 0xFFFF0000 | (Get32(m_bundle, name) & 0xFFFF)},
          }) {
         auto forged = m_bundle;
         Put32(forged, f.at, f.value);
         EXPECT_FALSE(IsValidResourceBundle(forged)) << f.what;
     }
-}
-
-TEST_F(ResourceBundleCheckTest, RefusesADataLengthThatOverrunsTheFile) {
-    auto forged = m_bundle;
-    const std::size_t data = Get32(forged, 12);
-    const std::size_t blob = data + Get32(forged, m_firstFile + 10);
-    Put32(forged, blob, static_cast<std::uint32_t>(forged.size()));
-    EXPECT_FALSE(IsValidResourceBundle(forged));
-}
-
-TEST_F(ResourceBundleCheckTest, RefusesANameLengthThatOverrunsTheFile) {
-    auto forged = m_bundle;
-    const std::size_t name = Get32(forged, 16) + Get32(forged, m_firstFile);
-    forged[name] = std::byte{0xFF};
-    forged[name + 1] = std::byte{0xFF};
-    EXPECT_FALSE(IsValidResourceBundle(forged));
 }
 
 } // namespace

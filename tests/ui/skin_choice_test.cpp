@@ -5,13 +5,11 @@
 namespace zelvor {
 namespace {
 
-TEST(SkinModuleFileName, NamesTheFourColourBundles) {
-    EXPECT_EQ(SkinModuleFileName(0), u"");
-    EXPECT_EQ(SkinModuleFileName(1), u"ZelvorBlue.rcc");
-    EXPECT_EQ(SkinModuleFileName(2), u"ZelvorRed.rcc");
-    EXPECT_EQ(SkinModuleFileName(3), u"ZelvorOrange.rcc");
-    EXPECT_EQ(SkinModuleFileName(4), u"ZelvorGreen.rcc");
-    EXPECT_EQ(SkinModuleFileName(5), u"");
+TEST(SkinModuleFileName, NamesTheFourColourBundlesAndNothingElse) {
+    const std::u16string names[] = {u"", u"ZelvorBlue.rcc", u"ZelvorRed.rcc",
+                                    u"ZelvorOrange.rcc", u"ZelvorGreen.rcc", u""};
+    for (std::uint16_t colour = 0; colour < 6; ++colour)
+        EXPECT_EQ(SkinModuleFileName(colour), names[colour]) << colour;
     EXPECT_EQ(SkinModuleFileName(0xFFFF), u"");
 }
 
@@ -23,15 +21,14 @@ TEST(SkinModulePath, JoinsTheProgramDirectory) {
     EXPECT_EQ(SkinModulePath(u"\\Flash Disk\\Zelvor", 9), u"\\Flash Disk\\Zelvor\\");
 }
 
-TEST(PlanSkinSelection, ReleasesOnlyABundle) {
-    EXPECT_TRUE(PlanSkinSelection(SkinSource::Module, u"\\P", 0).releaseHeld);
+// Only a held bundle is released; every colour but zero loads one.
+TEST(PlanSkinSelection, ReleasesOnlyABundleAndLoadsOneForEveryColourButZero) {
     EXPECT_TRUE(PlanSkinSelection(SkinSource::Module, u"\\P", 2).releaseHeld);
     EXPECT_FALSE(PlanSkinSelection(SkinSource::Program, u"\\P", 2).releaseHeld);
     EXPECT_FALSE(PlanSkinSelection(SkinSource::None, u"\\P", 2).releaseHeld);
-}
-
-TEST(PlanSkinSelection, LoadsABundleForEveryColourButZero) {
-    EXPECT_FALSE(PlanSkinSelection(SkinSource::Module, u"\\P", 0).loadPath.has_value());
+    const SkinSelectionPlan toZero = PlanSkinSelection(SkinSource::Module, u"\\P", 0);
+    EXPECT_TRUE(toZero.releaseHeld);
+    EXPECT_FALSE(toZero.loadPath.has_value());
     EXPECT_EQ(PlanSkinSelection(SkinSource::Program, u"\\P", 1).loadPath, u"\\P\\ZelvorBlue.rcc");
     EXPECT_EQ(PlanSkinSelection(SkinSource::None, u"\\P", 5).loadPath, u"\\P\\");
 }

@@ -1,5 +1,6 @@
 #include "ui/skin/skin_module.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -34,38 +35,29 @@ protected:
         m_device.WriteFile(InProgramDirectory(name), ReadBuiltSkin(name));
     }
     void InstallAll() {
-        for (const char* name : kBundles) {
+        for (const char* name : kBundles)
             Install(name);
-        }
     }
 
     testing::TestDevice m_device;
 };
 
-TEST_F(SkinModuleTest, EveryBitmapLoadsInEveryColourAtItsSize) {
+TEST_F(SkinModuleTest, EveryBitmapLoadsInEveryColourAtItsSizeAndEachColourHasItsOwnLook) {
     InstallAll();
+    std::vector<QRgb> accents;
     for (std::uint16_t colour = 0; colour <= 4; ++colour) {
+        SCOPED_TRACE(colour);
         const SkinHandle handle = SelectSkinModule(colour);
-        ASSERT_FALSE(handle.IsEmpty()) << "colour " << colour;
+        ASSERT_FALSE(handle.IsEmpty());
         EXPECT_EQ(handle.Source(), colour == 0 ? SkinSource::Program : SkinSource::Module);
         for (const SkinBitmapInfo& info : SkinBitmapCatalogue()) {
             const QImage image = LoadSkinBitmap(handle, info.id);
-            ASSERT_FALSE(image.isNull()) << "colour " << colour << " lacks " << info.id;
-            EXPECT_EQ(image.width(), info.size.width) << info.id;
-            EXPECT_EQ(image.height(), info.size.height) << info.id;
+            ASSERT_FALSE(image.isNull()) << "lacks " << info.id;
+            EXPECT_EQ(image.size(), QSize(info.size.width, info.size.height)) << info.id;
         }
-    }
-}
-
-TEST_F(SkinModuleTest, EachColourHasItsOwnLook) {
-    InstallAll();
-    std::vector<QRgb> seen{PlayCentre(SelectSkinModule(0))};
-    for (std::uint16_t colour = 1; colour <= 4; ++colour) {
-        const QRgb accent = PlayCentre(SelectSkinModule(colour));
-        for (QRgb other : seen) {
-            EXPECT_NE(accent, other) << "colour " << colour;
-        }
-        seen.push_back(accent);
+        const QRgb accent = PlayCentre(handle);
+        EXPECT_EQ(std::count(accents.begin(), accents.end(), accent), 0);
+        accents.push_back(accent);
     }
 }
 
@@ -81,60 +73,47 @@ TEST_F(SkinModuleTest, TransparentImagesCarryTheMagentaKey) {
     }
 }
 
-TEST_F(SkinModuleTest, AMissingBundleFallsBackToTheProgramsImages) {
+// A bundle missing, broken or for a colour above four: the program's own images.
+TEST_F(SkinModuleTest, WithoutAUsableBundleTheProgramsImagesAreUsed) {
     Install("ZelvorBlue.rcc");
     const QRgb own = PlayCentre(ProgramResourceHandle());
-    EXPECT_TRUE(SelectSkinModule(2).IsEmpty());
-    const SkinHandle handle = SkinResourceHandle();
-    EXPECT_EQ(handle, ProgramResourceHandle());
-    EXPECT_EQ(PlayCentre(handle), own);
-    // The fallback is now held: asking again gives the same.
-    EXPECT_EQ(SkinResourceHandle(), ProgramResourceHandle());
-}
-
-TEST_F(SkinModuleTest, ABrokenBundleFallsBackToTheProgramsImages) {
     auto truncated = ReadBuiltSkin("ZelvorRed.rcc");
     truncated.resize(truncated.size() / 3);
-    for (const std::vector<std::byte>& bytes :
-         {testing::Bytes("not a resource bundle at all"), truncated, std::vector<std::byte>{}}) {
-        m_device.WriteFile(InProgramDirectory("ZelvorRed.rcc"), bytes);
+    const std::vector<std::byte> broken[] = {testing::Bytes("not a resource bundle at all"),
+                                             truncated, {}};
+    for (int i = -1; i < 3; ++i) { // missing first
+        SCOPED_TRACE(i);
+        if (i >= 0)
+            m_device.WriteFile(InProgramDirectory("ZelvorRed.rcc"), broken[i]);
         EXPECT_TRUE(SelectSkinModule(2).IsEmpty());
         EXPECT_EQ(SkinResourceHandle(), ProgramResourceHandle());
+        EXPECT_EQ(PlayCentre(SkinResourceHandle()), own);
     }
-}
-
-TEST_F(SkinModuleTest, AColourAboveFourFallsBackToTheProgramsImages) {
-    InstallAll();
     for (std::uint16_t colour : {5, 200, 0xFFFF}) {
         EXPECT_TRUE(SelectSkinModule(colour).IsEmpty()) << colour;
         EXPECT_EQ(SkinResourceHandle(), ProgramResourceHandle()) << colour;
     }
 }
 
-TEST_F(SkinModuleTest, SwitchingToColourZeroReleasesTheBundle) {
+// The bundle's images are gone once it is released; those loaded before stay valid.
+TEST_F(SkinModuleTest, ANewColourReleasesTheOldBundle) {
     InstallAll();
     const SkinHandle blue = SelectSkinModule(1);
     ASSERT_EQ(blue.Source(), SkinSource::Module);
-    const QImage before = LoadSkinBitmap(blue, kBmpPortraitPlay);
-    ASSERT_FALSE(before.isNull());
-    EXPECT_EQ(SelectSkinModule(0), ProgramResourceHandle());
-    // The bundle's images are gone; those loaded before stay valid.
-    EXPECT_TRUE(LoadSkinBitmap(blue, kBmpPortraitPlay).isNull());
-    EXPECT_EQ(before.width(), 48);
-    EXPECT_EQ(SkinResourceHandle(), ProgramResourceHandle());
-}
-
-TEST_F(SkinModuleTest, ANewColourReplacesTheOldBundle) {
-    InstallAll();
-    const SkinHandle blue = SelectSkinModule(1);
     const QRgb blueAccent = PlayCentre(blue);
+    const QImage before = LoadSkinBitmap(blue, kBmpPortraitPlay);
     const SkinHandle green = SelectSkinModule(4);
     ASSERT_EQ(green.Source(), SkinSource::Module);
-    EXPECT_NE(PlayCentre(green), blueAccent);
     EXPECT_TRUE(LoadSkinBitmap(blue, kBmpPortraitPlay).isNull());
+    EXPECT_EQ(before.width(), 48);
     EXPECT_EQ(SkinResourceHandle(), green);
     // And back: the same colour loads again after it was released.
-    EXPECT_EQ(PlayCentre(SelectSkinModule(1)), blueAccent);
+    const SkinHandle again = SelectSkinModule(1);
+    EXPECT_EQ(PlayCentre(again), blueAccent);
+    // Colour zero releases it too.
+    EXPECT_EQ(SelectSkinModule(0), ProgramResourceHandle());
+    EXPECT_EQ(SkinResourceHandle(), ProgramResourceHandle());
+    EXPECT_TRUE(LoadSkinBitmap(again, kBmpPortraitPlay).isNull());
 }
 
 TEST_F(SkinModuleTest, BundleNamesAreMatchedIgnoringCase) {

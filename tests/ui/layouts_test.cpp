@@ -1,0 +1,140 @@
+// Where the player, browser and play-list panel put their parts, in both
+// orientations: on screen, apart from each other, large enough to touch.
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "ui/layout/browser_layout.h"
+#include "ui/layout/player_layout.h"
+
+namespace zelvor {
+namespace {
+
+struct Element {
+    std::string name;
+    PixelRect rect;
+    int group; // elements of one group take turns at one place
+};
+
+std::vector<Element> VisibleElements(const PlayerLayout& layout) {
+    std::vector<Element> all;
+    for (int i = 0; i < kPlayerButtonCount; ++i) {
+        all.push_back({"button " + std::to_string(i),
+                       ButtonRect(layout.buttons[static_cast<std::size_t>(i)]),
+                       PlaceGroupOf(static_cast<PlayerButton>(i))});
+    }
+    int group = 100;
+    for (auto [name, rect] : std::initializer_list<std::pair<const char*, PixelRect>>{
+             {"time", TimeRect(layout)},
+             {"volume gauge", VolumeGaugeRect(layout)},
+             {"clock", layout.clock},
+             {"battery", BatteryRect(layout)},
+             {"indicator", IndicatorRect(layout)},
+             {"emblem", TitleEmblemRect(layout)},
+             {"title", layout.title},
+             {"counter", layout.counter}})
+        all.push_back({name, rect, group++});
+    return all;
+}
+
+class LayoutTest : public ::testing::TestWithParam<ScreenOrientation> {
+protected:
+    const PlayerLayout& Player() const { return PlayerLayoutFor(GetParam()); }
+};
+
+TEST_P(LayoutTest, PlayerPartsAreOnScreenApartAndButtonsThatTakeTurnsShareTheirPlace) {
+    const auto elements = VisibleElements(Player());
+    const PixelRect screen{0, 0, Player().screen.width, Player().screen.height};
+    for (std::size_t a = 0; a < elements.size(); ++a) {
+        EXPECT_FALSE(elements[a].rect.IsEmpty()) << elements[a].name;
+        EXPECT_TRUE(screen.Contains(elements[a].rect)) << elements[a].name;
+        for (std::size_t b = a + 1; b < elements.size(); ++b) {
+            if (elements[a].group == elements[b].group) {
+                EXPECT_EQ(elements[a].rect, elements[b].rect) << elements[a].name;
+            } else {
+                EXPECT_FALSE(elements[a].rect.Intersects(elements[b].rect))
+                    << elements[a].name << " overlaps " << elements[b].name;
+            }
+        }
+    }
+    EXPECT_EQ(PlaceGroupOf(kButtonPause), kButtonPlay);
+    EXPECT_EQ(PlaceGroupOf(kButtonRepeatAll), kButtonRepeatOff);
+    EXPECT_EQ(PlaceGroupOf(kButtonRepeatOne), kButtonRepeatOff);
+    EXPECT_EQ(PlaceGroupOf(kButtonRandomOn), kButtonRandomOff);
+    EXPECT_EQ(PlaceGroupOf(kButtonStop), kButtonStop);
+}
+
+TEST_P(LayoutTest, PlayerButtonsAreLargeEnoughToTouchAndOnlyTheTransportHasAThirdImage) {
+    for (int i = 0; i < kPlayerButtonCount; ++i) {
+        const PlayerButtonPlace& place = Player().buttons[static_cast<std::size_t>(i)];
+        const PixelRect r = ButtonRect(place);
+        EXPECT_GE(r.Width(), 32) << "button " << i;
+        if (i != kButtonSeekBar) {
+            EXPECT_GE(r.Height(), 32) << "button " << i;
+        }
+        const bool transport = i == kButtonNext || i == kButtonPrevious || i == kButtonStop ||
+                               i == kButtonPlay;
+        EXPECT_EQ(place.third != 0, transport) << "button " << i;
+    }
+    // The seek bar is as tall as the volume gauge below it allows, and
+    // leaves the thumb room: the position arithmetic subtracts 4 pixels.
+    const PlayerButtonPlace& place = Player().buttons[kButtonSeekBar];
+    const PixelRect bar = ButtonRect(place);
+    const PixelRect gauge = VolumeGaugeRect(Player());
+    const bool gaugeBelow = gauge.left < bar.right && bar.left < gauge.right;
+    EXPECT_TRUE(bar.Height() >= 32 || (gaugeBelow && bar.bottom == gauge.top));
+    EXPECT_GT(place.size.width - kSeekThumbSize.width, 4);
+    EXPECT_LE(kSeekThumbSize.height, place.size.height);
+}
+
+TEST_P(LayoutTest, BrowserButtonsStayOffTheListAndOffEachOther) {
+    const BrowserLayout layout = BrowserLayoutFor(GetParam());
+    const PixelRect screen{0, 0, layout.screen.width, layout.screen.height};
+    EXPECT_TRUE(screen.Contains(layout.list));
+    for (int a = 0; a < kBrowserButtonCount; ++a) {
+        const PixelRect ra = layout.buttons[static_cast<std::size_t>(a)].rect;
+        EXPECT_TRUE(screen.Contains(ra)) << a;
+        EXPECT_FALSE(ra.Intersects(layout.list)) << a;
+        EXPECT_EQ(ra.Width(), kImageButtonSize.width);
+        EXPECT_EQ(ra.Height(), kImageButtonSize.height);
+        for (int b = a + 1; b < kBrowserButtonCount; ++b) {
+            const bool sharedPlace = a == kBrowserFavourites && b == kBrowserDeleteFavourite;
+            EXPECT_EQ(ra.Intersects(layout.buttons[static_cast<std::size_t>(b)].rect),
+                      sharedPlace)
+                << a << " and " << b;
+        }
+    }
+    // The status line runs from below the list to the bottom.
+    EXPECT_EQ(layout.status, (PixelRect{layout.list.left, layout.list.bottom + 1,
+                                        layout.list.right, layout.screen.height}));
+}
+
+INSTANTIATE_TEST_SUITE_P(BothOrientations, LayoutTest,
+                         ::testing::Values(ScreenOrientation::Portrait,
+                                           ScreenOrientation::Landscape));
+
+TEST(PlayListPanelLayout, ButtonsAreVisibleInAPortraitPaneAndClearOfTheList) {
+    const PanelLayout& panel = PlayListPanelLayout();
+    const PixelRect portraitPane{0, 0, 240, 320};
+    for (std::size_t a = 0; a < panel.buttons.size(); ++a) {
+        const PixelRect ra = panel.buttons[a].rect;
+        EXPECT_TRUE(portraitPane.Contains(ra)) << a;
+        EXPECT_FALSE(ra.Intersects(panel.list)) << a;
+        EXPECT_EQ(panel.buttons[a].command, 1002 + static_cast<int>(a));
+        for (std::size_t b = a + 1; b < panel.buttons.size(); ++b)
+            EXPECT_FALSE(ra.Intersects(panel.buttons[b].rect)) << a << " and " << b;
+    }
+    // The background covers a pane of either orientation.
+    EXPECT_GE(panel.background.width, 320);
+    EXPECT_GE(panel.background.height, 320);
+}
+
+TEST(PlayerLayout, OrientationFollowsTheLongerSide) {
+    EXPECT_EQ(OrientationOf(240, 320), ScreenOrientation::Portrait);
+    EXPECT_EQ(OrientationOf(320, 240), ScreenOrientation::Landscape);
+    EXPECT_EQ(OrientationOf(480, 480), ScreenOrientation::Landscape);
+}
+
+} // namespace
+} // namespace zelvor
