@@ -140,9 +140,9 @@ bool IsWithin(const fs::path& path, const fs::path& base) {
 class HostFindHandle final : public FindHandle {
 public:
     HostFindHandle(DIR* dir, fs::path folder, std::u16string pattern, std::vector<FindData> bound,
-                   FindDetail detail)
+                   std::vector<std::u16string> boundNames, FindDetail detail)
         : m_dir(dir), m_folder(std::move(folder)), m_pattern(std::move(pattern)),
-          m_bound(std::move(bound)), m_detail(detail),
+          m_bound(std::move(bound)), m_boundNames(std::move(boundNames)), m_detail(detail),
           m_mayBeFat(dir && IsFatFolder(::dirfd(dir))) {}
     ~HostFindHandle() override {
         if (m_dir)
@@ -180,9 +180,11 @@ public:
     }
 
 private:
+    // A binding hides the host entry of its name even while its own host
+    // folder is missing: a card that is not inserted is not there.
     bool IsBound(std::u16string_view name) const {
-        for (const FindData& b : m_bound) {
-            if (EqualsIgnoreCase(b.name, name))
+        for (const std::u16string& b : m_boundNames) {
+            if (EqualsIgnoreCase(b, name))
                 return true;
         }
         return false;
@@ -192,6 +194,7 @@ private:
     fs::path m_folder;
     std::u16string m_pattern;
     std::vector<FindData> m_bound;
+    std::vector<std::u16string> m_boundNames;
     size_t m_nextBound = 0;
     FindDetail m_detail;
     bool m_mayBeFat;
@@ -351,11 +354,13 @@ std::unique_ptr<FindHandle> DeviceFileSystem::FindFirst(std::u16string_view patt
 
     // Bound folders show up in their parent like mount points.
     std::vector<FindData> bound;
+    std::vector<std::u16string> boundNames;
     std::u16string parent = NormalizePath(folder);
     for (const Binding& b : m_bindings) {
         if (!EqualsIgnoreCase(NormalizePath(DeviceFolderOf(b.prefix)), parent))
             continue;
         std::u16string name(DeviceNameOf(b.prefix));
+        boundNames.push_back(name);
         FindData data;
         if (MatchesWildcard(name, namePattern) && FillFindData(b.host, name, data))
             bound.push_back(std::move(data));
@@ -365,7 +370,7 @@ std::unique_ptr<FindHandle> DeviceFileSystem::FindFirst(std::u16string_view patt
         return nullptr;
     auto handle = std::make_unique<HostFindHandle>(dir, resolvedFolder->host,
                                                    std::u16string(namePattern), std::move(bound),
-                                                   detail);
+                                                   std::move(boundNames), detail);
     if (!handle->Next(first))
         return nullptr;
     return handle;

@@ -1,0 +1,182 @@
+// zelvor: the player.
+//
+//   zelvor [--root DIR] [--card DIR] [--flash DIR] [--program-dir PATH]
+//          [--screen WxH] [--tour DIR] [WORDS...]
+//
+// --root is the host folder that stands for the device's "\" (default
+// $ZELVOR_ROOT, else $XDG_DATA_HOME/zelvor/device); --card and --flash bind
+// the storage card and the flash disk to other host folders; --program-dir
+// is the device path of the program directory (default \Flash Disk\Zelvor);
+// --screen is the device screen (default 240x320): the window has that size
+// on a desktop (QT_SCALE_FACTOR enlarges it) and covers a display of exactly
+// that size. The remaining words are the command line the device would pass
+// ("navigon" from the navigation application).
+//
+// --tour DIR walks through the player by itself (see demo_tour.h), saving a
+// picture after each step into DIR, and ends; with QT_QPA_PLATFORM=offscreen
+// it needs no display, and ZELVOR_AUDIO_SINK=wav:FILE keeps what it played.
+//
+// SIGINT and SIGTERM end the program as the shell's close request does, so
+// the player's settings and queue are saved.
+
+#include <QApplication>
+#include <QSocketNotifier>
+#include <atomic>
+#include <csignal>
+#include <cstdio>
+#include <optional>
+#include <string>
+#include <unistd.h>
+
+#include "app/application.h"
+#include "app/application_values.h"
+#include "app/window_messages.h"
+#include "platform/device.h"
+#include "platform/host/gst_media_graph.h"
+#include "platform/text.h"
+#include "tags/build_track_record.h"
+#include "ui/main_frame/demo_tour.h"
+#include "ui/main_frame/host_application.h"
+#include "ui/player_screen/player_screen.h"
+
+namespace {
+
+using namespace zelvor;
+
+struct ProgramOptions {
+    DeviceConfig device;
+    QSize screen{240, 320};
+    std::optional<QString> tour;
+    std::u16string commandLine;
+};
+
+int Usage(const std::string& why) {
+    std::fprintf(stderr,
+                 "zelvor: %s\nusage: zelvor [--root DIR] [--card DIR] [--flash DIR]"
+                 " [--program-dir PATH] [--screen WxH] [--tour DIR] [WORDS...]\n",
+                 why.c_str());
+    return 2;
+}
+
+std::optional<QSize> ParseScreen(const QString& text) {
+    const QStringList parts = text.split(QLatin1Char('x'));
+    bool wide = false, high = false;
+    const int width = parts.size() == 2 ? parts[0].toInt(&wide) : 0;
+    const int height = parts.size() == 2 ? parts[1].toInt(&high) : 0;
+    if (!wide || !high || width < 64 || height < 64 || width > 8192 || height > 8192)
+        return std::nullopt;
+    return QSize(width, height);
+}
+
+std::optional<std::string> ParseOptions(const QStringList& args, ProgramOptions& o) {
+    o.device.root = DefaultDeviceRoot();
+    for (qsizetype i = 1; i < args.size(); ++i) {
+        const QString& a = args[i];
+        const bool takesValue = a == "--root" || a == "--card" || a == "--flash" ||
+                                a == "--program-dir" || a == "--screen" || a == "--tour";
+        if (!takesValue) {
+            if (a.startsWith("--"))
+                return "unknown option " + a.toStdString();
+            if (!o.commandLine.empty())
+                o.commandLine += u' ';
+            o.commandLine += a.toStdU16String();
+            continue;
+        }
+        if (i + 1 >= args.size())
+            return a.toStdString() + " needs a value";
+        const QString value = args[++i];
+        if (a == "--root")
+            o.device.root = value.toStdString();
+        else if (a == "--card")
+            o.device.card = value.toStdString();
+        else if (a == "--flash")
+            o.device.flash = value.toStdString();
+        else if (a == "--program-dir")
+            o.device.programDirectory = value.toStdU16String();
+        else if (a == "--tour")
+            o.tour = value;
+        else if (auto screen = ParseScreen(value))
+            o.screen = *screen;
+        else
+            return "--screen wants WIDTHxHEIGHT, e.g. 240x320";
+    }
+    return std::nullopt;
+}
+
+// Termination signals reach the event loop through a pipe; the handler
+// itself only stops a running library update and writes one byte.
+int g_signalPipe[2] = {-1, -1};
+std::atomic<FrameLibrary*> g_library{nullptr};
+
+void OnTerminationSignal(int) {
+    if (FrameLibrary* library = g_library.load())
+        library->RequestStop();
+    const char byte = 1;
+    [[maybe_unused]] auto written = ::write(g_signalPipe[1], &byte, 1);
+}
+
+void CloseOnTerminationSignals(HostApplicationShell& shell, QObject* owner) {
+    if (::pipe(g_signalPipe) != 0)
+        return;
+    auto* notifier = new QSocketNotifier(g_signalPipe[0], QSocketNotifier::Read, owner);
+    QObject::connect(notifier, &QSocketNotifier::activated, owner, [&shell] {
+        char byte;
+        [[maybe_unused]] auto got = ::read(g_signalPipe[0], &byte, 1);
+        if (CMainFrame* frame = shell.Frame())
+            frame->PostFrameMessage({kMsgClose, 0, 0});
+    });
+    g_library.store(&shell.Frame()->Rules().LibraryRules());
+    std::signal(SIGINT, OnTerminationSignal);
+    std::signal(SIGTERM, OnTerminationSignal);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication qtApp(argc, argv);
+    qtApp.setQuitOnLastWindowClosed(false);
+    ProgramOptions options;
+    if (auto why = ParseOptions(qtApp.arguments(), options))
+        return Usage(*why);
+
+    std::string error;
+    auto device = Device::Open(options.device, &error);
+    if (!device) {
+        std::fprintf(stderr, "zelvor: %s\n", error.c_str());
+        return 1;
+    }
+    ScopedCurrentDevice current(*device);
+
+    // Every track plays through one factory's graphs (ZELVOR_AUDIO_SINK
+    // chooses where the sound goes); it outlives the frame and its player.
+    GstGraphFactory graphs;
+    HostApplicationOptions hostOptions;
+    hostOptions.deviceRoot = device->Root();
+    hostOptions.screen = options.screen;
+    hostOptions.builder = [](std::u16string_view path, int typeCode) {
+        return BuildTrackRecord(path, typeCode);
+    };
+    hostOptions.panes.player = [&graphs](QWidget* parent, FrameMessages& frame) {
+        const auto orientation =
+            AppValues().portrait ? ScreenOrientation::Portrait : ScreenOrientation::Landscape;
+        return std::make_unique<CPlayerScreen>(frame, graphs, orientation, PlayerScreenHost{},
+                                               parent);
+    };
+    HostApplicationShell shell(std::move(hostOptions));
+    EndpointInstanceEnvironment environment(device->Root(), options.screen);
+    CZelvorApp app(environment, shell);
+    if (!app.InitInstance(options.commandLine))
+        return app.ExitInstance();
+
+    CloseOnTerminationSignals(shell, &qtApp);
+    std::optional<DemoTour> tour;
+    if (options.tour) {
+        tour.emplace(*shell.Frame(), *options.tour);
+        tour->Start();
+    }
+    const int result = qtApp.exec();
+    g_library.store(nullptr);
+    tour.reset();
+    app.ExitInstance();
+    return result;
+}

@@ -1,0 +1,123 @@
+#pragma once
+// Stand-ins for the frame's panes and for the world outside the program,
+// recording what the frame asks of them.
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWidget>
+
+#include "library/track_list.h"
+#include "platform/text.h"
+#include "ui/main_frame/browser_pane.h"
+#include "ui/main_frame/frame_window.h"
+#include "ui/player_pane.h"
+
+namespace zelvor::testing {
+
+class RecordingPlayer : public PlayerPane {
+public:
+    QWidget* Widget() override { return nullptr; }
+    void RedoLayout() override { calls.push_back("RedoLayout"); }
+    void RedoTextLayout() override { calls.push_back("RedoTextLayout"); }
+    void SetShellStatus(std::int32_t value) override {
+        status = value;
+        calls.push_back("SetShellStatus");
+    }
+    void OnShellPlayerMessage() override { calls.push_back("OnShellPlayerMessage"); }
+    void ReleaseCurrentTrack() override { calls.push_back("ReleaseCurrentTrack"); }
+    void Resume() override { calls.push_back("Resume"); }
+    int QueueCount() override { return static_cast<int>(queue.size()); }
+    void ReplaceQueue(const TrackList& list) override {
+        queue.clear();
+        for (const auto& record : list)
+            queue.push_back(ToUtf8(record->Text(kFieldPath)));
+        calls.push_back("ReplaceQueue");
+    }
+    void CancelHoldTimers() override { calls.push_back("CancelHoldTimers"); }
+
+    bool Called(const std::string& name) const {
+        for (const auto& c : calls)
+            if (c == name)
+                return true;
+        return false;
+    }
+
+    std::vector<std::string> calls;
+    std::vector<std::string> queue; // paths, in queue order
+    std::int32_t status = -1;
+};
+
+class RecordingBrowser : public BrowserPane {
+public:
+    QWidget* Widget() override { return nullptr; }
+    void DropContents() override { calls.push_back("DropContents"); }
+    void Reload() override { calls.push_back("Reload"); }
+    void ReloadTexts() override { calls.push_back("ReloadTexts"); }
+    void RedoLayout() override { calls.push_back("RedoLayout"); }
+    void ShowStatusText(std::u16string_view text) override {
+        calls.push_back("ShowStatusText " + ToUtf8(text));
+    }
+    std::vector<std::string> calls;
+};
+
+// The widget forms, for the frame itself.
+class FakePlayerScreen final : public QWidget, public RecordingPlayer {
+public:
+    explicit FakePlayerScreen(QWidget* parent) : QWidget(parent) {}
+    ~FakePlayerScreen() override {
+        if (onDestroy)
+            onDestroy();
+    }
+    QWidget* Widget() override { return this; }
+    std::function<void()> onDestroy;
+    std::vector<int> keys;     // Qt key codes pressed on the pane
+    std::vector<QPoint> taps;  // where the pane was tapped (released)
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Escape) {
+            event->ignore(); // left to the frame, as the real screen does
+            return;
+        }
+        keys.push_back(event->key());
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        taps.push_back(event->position().toPoint());
+    }
+};
+
+class FakeBrowserScreen final : public QWidget, public RecordingBrowser {
+public:
+    explicit FakeBrowserScreen(QWidget* parent) : QWidget(parent) {}
+    ~FakeBrowserScreen() override {
+        if (onDestroy)
+            onDestroy();
+    }
+    QWidget* Widget() override { return this; }
+    std::function<void()> onDestroy;
+};
+
+class FakeOutside : public OutsideWindows {
+public:
+    bool Exists(const EndpointAddress& address) override {
+        return answers.count(ToUtf8(address.name)) > 0;
+    }
+    std::optional<std::int32_t> Send(const EndpointAddress& address,
+                                     const WindowMessage& message) override {
+        sent.push_back({ToUtf8(address.name), message});
+        auto found = answers.find(ToUtf8(address.name));
+        if (found == answers.end())
+            return std::nullopt;
+        return found->second;
+    }
+    // Titles of the windows that exist, with what each answers.
+    std::map<std::string, std::int32_t> answers;
+    std::vector<std::pair<std::string, WindowMessage>> sent;
+};
+
+} // namespace zelvor::testing

@@ -1,0 +1,83 @@
+// The scripted tour: every step reaches the player pane or the frame the
+// way a user or the shell would, and leaves its picture.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QImage>
+
+#include "tests/support/test_device.h"
+#include "tests/ui/main_frame_app.h"
+#include "tests/ui/main_frame_rules_fixture.h"
+#include "ui/layout/player_layout.h"
+#include "ui/main_frame/demo_tour.h"
+#include "ui/main_frame/main_frame.h"
+#include "ui/skin/skin_module.h"
+
+namespace zelvor {
+namespace {
+using namespace zelvor::testing;
+
+QPoint PlaceCentre(int button, double across = 0.5) {
+    const PixelRect r = ButtonRect(PlayerLayoutFor(ScreenOrientation::Portrait)
+                                       .buttons[static_cast<std::size_t>(button)]);
+    return QPointF(r.left + (r.right - r.left) * across, (r.top + r.bottom) / 2.0).toPoint();
+}
+
+TEST(DemoTourSteps, ReachThePaneAndTheFrameAndLeaveAPictureEach) {
+    EnsureWidgetApplication();
+    AppValues() = {};
+    TestDevice dev;
+    dev.WriteFile(u"\\Storage Card\\song.mp3", "x");
+    SelectSkinModule(0);
+    FakeOutside outside;
+    FakePlayerScreen* player = nullptr;
+    FramePaneMakers makers;
+    makers.player = [&](QWidget* parent, FrameMessages&) {
+        auto pane = std::make_unique<FakePlayerScreen>(parent);
+        player = pane.get();
+        return pane;
+    };
+    CMainFrame frame(QSize(240, 320), outside, PathOnlyRecord, makers);
+    ASSERT_TRUE(frame.Create());
+    bool closed = false;
+    QObject::connect(&frame, &CMainFrame::Closed, [&] { closed = true; });
+    std::vector<int> keysBeforeClose;
+    std::vector<QPoint> tapsBeforeClose;
+    std::size_t queuedBeforeClose = 0;
+    player->onDestroy = [&] {
+        keysBeforeClose = player->keys;
+        tapsBeforeClose = player->taps;
+        queuedBeforeClose = player->queue.size();
+    };
+
+    TempDir pictures;
+    const QString folder = QString::fromStdString((pictures.Path() / "tour").string());
+    DemoTour tour(frame, folder, 0.02);
+    frame.PostFrameMessage({kMsgStartupCheck, 0, 0});
+    tour.Start();
+    ASSERT_TRUE(SpinUntil([&] { return closed; }, 20000));
+
+    const QStringList files = QDir(folder).entryList({"*.png"}, QDir::Files, QDir::Name);
+    EXPECT_EQ(files, (QStringList{"01-first-start.png", "02-library-found.png", "03-play.png",
+                                  "04-pause.png", "05-next.png", "06-seek.png", "07-random.png",
+                                  "08-repeat.png", "09-volume.png", "10-colour.png",
+                                  "11-landscape.png"}));
+    EXPECT_EQ(tour.Saved().size(), 11);
+    EXPECT_EQ(QImage(folder + "/02-library-found.png").size(), QSize(240, 320));
+    EXPECT_EQ(QImage(folder + "/11-landscape.png").size(), QSize(320, 240));
+
+    EXPECT_EQ(keysBeforeClose, (std::vector<int>{Qt::Key_Return, Qt::Key_Return, Qt::Key_Return,
+                                                 Qt::Key_Right, Qt::Key_Down, Qt::Key_Down,
+                                                 Qt::Key_Down}));
+    EXPECT_EQ(tapsBeforeClose,
+              (std::vector<QPoint>{PlaceCentre(kButtonSeekBar, 0.6), PlaceCentre(kButtonRandomOff),
+                                   PlaceCentre(kButtonRepeatOff)}));
+    EXPECT_EQ(queuedBeforeClose, 1u);
+    // The colour changed from the program's own images to red.
+    EXPECT_EQ(AppValues().guiColor, 2);
+    EXPECT_EQ(dev.Registry().QueryDword(RegistryRoot::LocalMachine, u"OMBREL", u"GUI Color"), 2u);
+    ReleaseSkinModule();
+}
+
+} // namespace
+} // namespace zelvor

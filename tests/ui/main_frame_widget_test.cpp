@@ -1,0 +1,198 @@
+// CMainFrame as a widget: its panes, the messages it is sent and posted,
+// the back key, the menu, the skin and the screen's orientation.
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QImage>
+#include <QLabel>
+#include <QMenu>
+#include <QTest>
+
+#include "library/library_file.h"
+#include "tests/support/test_device.h"
+#include "tests/ui/main_frame_app.h"
+#include "tests/ui/main_frame_rules_fixture.h"
+#include "ui/main_frame/frame_menu.h"
+#include "ui/main_frame/main_frame.h"
+#include "ui/skin/skin_module.h"
+
+namespace zelvor {
+namespace {
+using namespace zelvor::testing;
+
+class FrameWidget : public ::testing::Test {
+protected:
+    void SetUp() override {
+        EnsureWidgetApplication();
+        AppValues() = {};
+        SelectSkinModule(0);
+    }
+    void TearDown() override {
+        frame.reset();
+        ReleaseSkinModule();
+    }
+    // A frame with fake panes, or with its own empty browser.
+    void Make(bool fakeBrowser = true) {
+        FramePaneMakers makers;
+        makers.player = [this](QWidget* parent, FrameMessages& messages) {
+            auto pane = std::make_unique<FakePlayerScreen>(parent);
+            pane->onDestroy = [this] { destroyed.push_back("player"); };
+            player = pane.get();
+            paneMessages = &messages;
+            return pane;
+        };
+        if (fakeBrowser)
+            makers.browser = [this](QWidget* parent, FrameMessages&, TrackList&) {
+                auto pane = std::make_unique<FakeBrowserScreen>(parent);
+                pane->onDestroy = [this] { destroyed.push_back("browser"); };
+                browser = pane.get();
+                return pane;
+            };
+        frame = std::make_unique<CMainFrame>(QSize(240, 320), outside, PathOnlyRecord, makers);
+        ASSERT_TRUE(frame->Create());
+        QObject::connect(frame.get(), &CMainFrame::Closed, [this] { ++closed; });
+    }
+
+    TestDevice dev;
+    FakeOutside outside;
+    std::unique_ptr<CMainFrame> frame;
+    FakePlayerScreen* player = nullptr;
+    FakeBrowserScreen* browser = nullptr;
+    FrameMessages* paneMessages = nullptr;
+    std::vector<std::string> destroyed;
+    int closed = 0;
+};
+
+TEST_F(FrameWidget, CreationShowsThePlayerOverTheScreenAndKeepsTheOtherPanesHidden) {
+    Make();
+    EXPECT_TRUE(frame->isVisible());
+    EXPECT_EQ(frame->size(), QSize(240, 320));
+    EXPECT_TRUE(player->isVisible());
+    EXPECT_EQ(player->geometry(), QRect(0, 0, 240, 320));
+    EXPECT_FALSE(browser->isVisible());
+    EXPECT_FALSE(frame->PlayListPanel()->isVisible());
+    EXPECT_EQ(player->property("paneId").toInt(), 0xE900);
+    EXPECT_EQ(frame->PlayListPanel()->property("paneId").toInt(), 0xE901);
+    EXPECT_EQ(browser->property("paneId").toInt(), 0xE903);
+}
+
+TEST_F(FrameWidget, APlayerThatCannotBeMadeFailsCreation) {
+    FramePaneMakers makers;
+    makers.player = [](QWidget*, FrameMessages&) { return std::unique_ptr<PlayerPane>(); };
+    CMainFrame failing(QSize(240, 320), outside, PathOnlyRecord, makers);
+    EXPECT_FALSE(failing.Create());
+}
+
+TEST_F(FrameWidget, EscapeIsTheBackKeyFromTheBrowserToThePlayerAndThenTheEnd) {
+    Make();
+    paneMessages->ShowBrowser();
+    EXPECT_TRUE(player->Called("CancelHoldTimers"));
+    EXPECT_TRUE(browser->isVisible());
+    EXPECT_FALSE(player->isVisible());
+
+    QTest::keyClick(browser, Qt::Key_Escape);
+    SpinEvents();
+    EXPECT_TRUE(player->isVisible());
+    EXPECT_FALSE(browser->isVisible());
+    EXPECT_EQ(closed, 0);
+
+    QTest::keyClick(player, Qt::Key_Escape);
+    SpinEvents();
+    EXPECT_EQ(closed, 1);
+    // The browser goes first, then the player, which saves its settings.
+    EXPECT_EQ(destroyed, (std::vector<std::string>{"browser", "player"}));
+    EXPECT_EQ(frame->PlayerScreen(), nullptr);
+}
+
+class CloseRequest : public FrameWidget, public ::testing::WithParamInterface<std::uint32_t> {};
+
+TEST_P(CloseRequest, IsPostedSoTheSenderGetsItsAnswerBeforeTheFrameGoes) {
+    Make();
+    EXPECT_EQ(frame->SendFrameMessage({GetParam(), 0, 0}), 0);
+    EXPECT_EQ(closed, 0);
+    EXPECT_NE(frame->PlayerScreen(), nullptr);
+    SpinEvents();
+    EXPECT_EQ(closed, 1);
+    EXPECT_TRUE(frame->IsDestroyed());
+    // Nothing reaches the rules once the panes are gone.
+    EXPECT_EQ(frame->SendFrameMessage({kMsgShellStatus, 0, 1}), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(FromPelrinAndTheShell, CloseRequest,
+                         ::testing::Values(kMsgRequestClose, kMsgShellClose));
+
+TEST_F(FrameWidget, ShellStatusWhileTheBrowserShowsIsRefused) {
+    Make();
+    paneMessages->ShowBrowser();
+    EXPECT_EQ(frame->SendFrameMessage({kMsgShellStatus, 0, 77}), 0);
+    EXPECT_EQ(player->status, -1);
+    frame->SendFrameMessage({kMsgBackKey, 0, 0});
+    EXPECT_EQ(frame->SendFrameMessage({kMsgShellStatus, 0, 77}), 1);
+    EXPECT_EQ(player->status, 77);
+}
+
+TEST_F(FrameWidget, TheFirstPaintsCheckFindsNoLibraryAndRebuildsIt) {
+    Make();
+    dev.WriteFile(u"\\Flash Disk\\Music\\one.mp3", "x");
+    paneMessages->PostToFrame({kMsgStartupCheck, 0, 0});
+    ASSERT_TRUE(SpinUntil([&] { return player->Called("ReplaceQueue"); }));
+    EXPECT_EQ(player->queue, (std::vector<std::string>{"\\Flash Disk\\Music\\one.mp3"}));
+    TrackList saved;
+    EXPECT_EQ(LoadTrackList(GetLibraryPath(), saved), 1);
+    EXPECT_EQ(saved.Count(), 1);
+}
+
+TEST_F(FrameWidget, AColourChangeReloadsTheBrowsersBitmapsFromTheNewModule) {
+    Make(false);
+    const auto programDir = dev.Host(u"\\Flash Disk\\Zelvor");
+    std::filesystem::copy_file(std::string(ZELVOR_SKIN_DIR) + "/ZelvorRed.rcc",
+                               programDir / "ZelvorRed.rcc");
+    QWidget* empty = frame->BrowserScreen()->Widget();
+    empty->setGeometry(0, 0, 240, 320);
+    const QImage before = empty->grab().toImage();
+
+    dev.Registry().SetDword(RegistryRoot::LocalMachine, u"OMBREL", u"GUI Color", 2);
+    frame->SendFrameMessage({kMsgColourChanged, 0, 0});
+    EXPECT_EQ(SkinResourceHandle().Source(), SkinSource::Module);
+    EXPECT_TRUE(player->Called("RedoLayout"));
+    const QImage after = empty->grab().toImage();
+    EXPECT_NE(before, after);
+}
+
+TEST_F(FrameWidget, TurningTheScreenLaysThePanesOutAgain) {
+    Make(false);
+    paneMessages->ShowBrowser();
+    EXPECT_EQ(frame->grab().toImage().size(), QSize(240, 320));
+
+    frame->SetScreenSize(QSize(320, 240));
+    SpinEvents();
+    EXPECT_EQ(AppValues().portrait, 0);
+    EXPECT_TRUE(player->Called("RedoLayout"));
+    EXPECT_EQ(frame->BrowserScreen()->Widget()->geometry(), QRect(0, 0, 320, 240));
+    EXPECT_EQ(frame->grab().toImage().size(), QSize(320, 240));
+}
+
+TEST_F(FrameWidget, TheMenuOffersAboutAndExitWhichEndsTheProgram) {
+    Make();
+    QMenu* menu = MakeFrameMenu(frame.get(), [this] { frame->PostFrameMessage({kMsgClose, 0, 0}); });
+    const auto actions = menu->actions();
+    ASSERT_EQ(actions.size(), 2);
+    EXPECT_EQ(actions[0]->text(), "About");
+    EXPECT_EQ(actions[1]->text(), "Exit");
+    actions[1]->trigger();
+    SpinEvents();
+    EXPECT_EQ(closed, 1);
+}
+
+TEST(AboutBox, NamesTheProgramAndItsVersion) {
+    EnsureWidgetApplication();
+    AboutDialog about(nullptr);
+    EXPECT_EQ(about.windowTitle(), "About MP3 Player");
+    QStringList texts;
+    for (QLabel* label : about.findChildren<QLabel*>())
+        texts << label->text();
+    EXPECT_TRUE(texts.contains("MP3 Player Version 2.0"));
+}
+
+} // namespace
+} // namespace zelvor

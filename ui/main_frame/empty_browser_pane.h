@@ -1,0 +1,30 @@
+#pragma once
+// The browser pane the frame holds while the program has no browser screen:
+// it shows the skin's browser background and nothing else, so the rules
+// that ask about the browser find one that is hidden and has no rows.
+
+#include <QWidget>
+
+#include "ui/main_frame/browser_pane.h"
+
+namespace zelvor {
+
+class EmptyBrowserPane final : public QWidget, public BrowserPane {
+public:
+    explicit EmptyBrowserPane(QWidget* parent);
+
+    QWidget* Widget() override { return this; }
+    void DropContents() override {}
+    void Reload() override {}
+    void ReloadTexts() override {}
+    void RedoLayout() override;
+    void ShowStatusText(std::u16string_view) override {}
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QImage m_background;
+};
+
+} // namespace zelvor

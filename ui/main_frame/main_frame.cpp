@@ -1,0 +1,246 @@
+#include "ui/main_frame/main_frame.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QThread>
+
+#include "ui/main_frame/empty_browser_pane.h"
+#include "ui/main_frame/frame_menu.h"
+#include "ui/main_frame/window_message_event.h"
+#include "ui/skin/skin_module.h"
+
+namespace zelvor {
+
+CMainFrame::CMainFrame(QSize screen, OutsideWindows& outside, RecordBuilder builder,
+                       FramePaneMakers makers, QWidget* parent)
+    : QWidget(parent),
+      m_screen(screen),
+      m_makers(std::move(makers)),
+      m_rules(static_cast<FrameWindow&>(*this), outside, std::move(builder)) {
+    setWindowTitle(QStringLiteral("Zelvor"));
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
+    // Escape is the device's back key wherever the focus is in the frame.
+    qApp->installEventFilter(this);
+}
+
+CMainFrame::~CMainFrame() {
+    qApp->removeEventFilter(this);
+    Destroy();
+}
+
+bool CMainFrame::Create() {
+    if (!m_makers.player)
+        return false;
+    m_player = m_makers.player(this, *this);
+    if (!m_player || !m_player->Widget())
+        return false;
+    m_player->Widget()->setProperty("paneId", kPlayerPaneId);
+
+    m_panel = new QWidget(this);
+    m_panel->setProperty("paneId", kPanelPaneId);
+    m_panel->hide();
+
+    if (m_makers.browser)
+        m_browser = m_makers.browser(this, *this, m_rules.Library());
+    else
+        m_browser = std::make_unique<EmptyBrowserPane>(this);
+    if (!m_browser || !m_browser->Widget())
+        return false;
+    m_browser->Widget()->setProperty("paneId", kBrowserPaneId);
+    m_browser->Widget()->hide();
+
+    m_rules.OnCreate();
+    return true;
+}
+
+void CMainFrame::Destroy() {
+    if (m_destroyed)
+        return;
+    m_destroyed = true;
+    m_browser.reset();
+    m_player.reset(); // saves the player's settings and queue
+    m_rules.OnDestroy();
+}
+
+std::int32_t CMainFrame::SendFrameMessage(const WindowMessage& message) {
+    if (message.message == kMsgClose) {
+        close();
+        return 0;
+    }
+    if (m_destroyed)
+        return 0;
+    return m_rules.Handle(message);
+}
+
+void CMainFrame::PostFrameMessage(const WindowMessage& message) {
+    QCoreApplication::postEvent(this, new WindowMessageEvent(message));
+}
+
+void CMainFrame::SetScreenSize(QSize screen) {
+    m_screen = screen;
+    PlaceFullScreen(screen.width(), screen.height());
+}
+
+void CMainFrame::ShowBrowser() {
+    if (m_player)
+        m_player->CancelHoldTimers();
+    ShowBrowserPane();
+    FocusBrowser();
+}
+
+void CMainFrame::ShowMenu() {
+    QMenu* menu = MakeFrameMenu(this, [this] { PostFrameMessage({kMsgClose, 0, 0}); });
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(mapToGlobal(rect().center()));
+}
+
+void CMainFrame::HideFrame() {
+    lower();
+    hide();
+}
+
+bool CMainFrame::event(QEvent* event) {
+    if (event->type() == WindowMessageEvent::EventType()) {
+        SendFrameMessage(static_cast<WindowMessageEvent*>(event)->Message());
+        return true;
+    }
+    if (event->type() == QEvent::WindowActivate && !m_destroyed)
+        m_rules.Handle({kMsgActivate, isMinimized() ? kActivateActive | kActivateMinimisedFlag
+                                                    : kActivateActive,
+                        0});
+    return QWidget::event(event);
+}
+
+bool CMainFrame::IsOwnKeyEvent(QObject* watched, QEvent* event) const {
+    if (event->type() != QEvent::KeyPress || !watched->isWidgetType())
+        return false;
+    return static_cast<QWidget*>(watched)->window() == this;
+}
+
+bool CMainFrame::eventFilter(QObject* watched, QEvent* event) {
+    if (IsOwnKeyEvent(watched, event) &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+        PostFrameMessage({kMsgBackKey, 0, 0});
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void CMainFrame::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    LayPanes();
+    if (!m_destroyed)
+        m_rules.Handle({kMsgSize, 0, PackSize(width(), height())});
+}
+
+void CMainFrame::closeEvent(QCloseEvent* event) {
+    const bool wasDestroyed = m_destroyed;
+    Destroy();
+    event->accept();
+    if (!wasDestroyed)
+        emit Closed();
+}
+
+void CMainFrame::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    if (!m_destroyed)
+        m_rules.Handle({kMsgSetFocus, 0, 0});
+}
+
+void CMainFrame::PlaceFullScreen(int width, int height) {
+    const QSize size(width, height);
+    const QScreen* display = screen();
+    // On a device whose display is the screen the frame covers it; on a
+    // desktop it is a window of the device screen's size.
+    if (display && display->geometry().size() == size) {
+        setMinimumSize(0, 0);
+        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        showFullScreen();
+    } else {
+        if (isFullScreen())
+            showNormal();
+        setFixedSize(size);
+        show();
+    }
+    LayPanes();
+}
+
+void CMainFrame::BringToFront() {
+    show();
+    raise();
+    activateWindow();
+}
+
+void CMainFrame::LayPanes() {
+    for (QWidget* pane : {m_player ? m_player->Widget() : nullptr,
+                          m_browser ? m_browser->Widget() : nullptr, m_panel})
+        if (pane)
+            pane->setGeometry(rect());
+}
+
+bool CMainFrame::PlayerVisible() {
+    return m_player && m_player->Widget()->isVisible();
+}
+
+bool CMainFrame::BrowserVisible() {
+    return m_browser && m_browser->Widget()->isVisible();
+}
+
+bool CMainFrame::PanelVisible() {
+    return m_panel && m_panel->isVisible();
+}
+
+void CMainFrame::ShowPlayerPane() {
+    if (m_browser)
+        m_browser->Widget()->hide();
+    if (m_player) {
+        m_player->Widget()->show();
+        m_player->Widget()->setFocus();
+    }
+}
+
+void CMainFrame::ShowBrowserPane() {
+    if (!m_browser)
+        return;
+    m_browser->Widget()->show();
+    m_browser->Widget()->raise();
+    if (m_player)
+        m_player->Widget()->hide();
+}
+
+void CMainFrame::ClosePanel() {
+    if (m_panel)
+        m_panel->hide();
+}
+
+void CMainFrame::FocusBrowser() {
+    if (m_browser)
+        m_browser->Widget()->setFocus();
+}
+
+void CMainFrame::FocusPlayer() {
+    if (m_player)
+        m_player->Widget()->setFocus();
+}
+
+void CMainFrame::ReloadSkin(std::uint16_t colour) {
+    SelectSkinModule(colour);
+}
+
+void CMainFrame::BeginWaitCursor() {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+void CMainFrame::EndWaitCursor() {
+    QApplication::restoreOverrideCursor();
+}
+
+void CMainFrame::Sleep(int milliseconds) {
+    QThread::msleep(static_cast<unsigned long>(milliseconds));
+}
+
+} // namespace zelvor
