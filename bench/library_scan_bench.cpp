@@ -78,32 +78,40 @@ bool MakeDevice(const bench::Corpus& corpus, const fs::path& root) {
     return true;
 }
 
+// Every file below the two storage folders, breadth first, by a plain
+// readdir walk; visit(path) is called for each file.
+template <typename Visit> void WalkFiles(Visit visit) {
+    std::deque<std::string> folders{(g_device->root / "Storage Card").string(),
+                                    (g_device->root / "Flash Disk").string()};
+    while (!folders.empty()) {
+        std::string folder = std::move(folders.front());
+        folders.pop_front();
+        DIR* dir = ::opendir(folder.c_str());
+        if (!dir)
+            continue;
+        while (dirent* e = ::readdir(dir)) {
+            if (e->d_name[0] == '.')
+                continue;
+            std::string path = folder + "/" + e->d_name;
+            if (e->d_type == DT_DIR)
+                folders.push_back(std::move(path));
+            else
+                visit(path);
+        }
+        ::closedir(dir);
+    }
+}
+
 // What the search phase does at its barest: every folder listed once,
-// breadth first, music files picked by name.
+// music files picked by name.
 void BareWalk(benchmark::State& state) {
     for (auto _ : state) {
         int music = 0;
-        std::deque<std::string> folders{(g_device->root / "Storage Card").string(),
-                                        (g_device->root / "Flash Disk").string()};
-        while (!folders.empty()) {
-            std::string folder = std::move(folders.front());
-            folders.pop_front();
-            DIR* dir = ::opendir(folder.c_str());
-            if (!dir)
-                continue;
-            while (dirent* e = ::readdir(dir)) {
-                if (e->d_name[0] == '.')
-                    continue;
-                if (e->d_type == DT_DIR) {
-                    folders.push_back(folder + "/" + e->d_name);
-                } else {
-                    std::string_view name = e->d_name;
-                    if (name.ends_with(".mp3") || name.ends_with(".wma") || name.ends_with(".aac"))
-                        ++music;
-                }
-            }
-            ::closedir(dir);
-        }
+        WalkFiles([&](const std::string& path) {
+            std::string_view name = path;
+            if (name.ends_with(".mp3") || name.ends_with(".wma") || name.ends_with(".aac"))
+                ++music;
+        });
         benchmark::DoNotOptimize(music);
         state.counters["files"] = music;
     }
@@ -143,34 +151,17 @@ void WholeUpdate(benchmark::State& state) {
 void TagLibWalk(benchmark::State& state) {
     for (auto _ : state) {
         int read = 0;
-        std::deque<std::string> folders{(g_device->root / "Storage Card").string(),
-                                        (g_device->root / "Flash Disk").string()};
-        while (!folders.empty()) {
-            std::string folder = std::move(folders.front());
-            folders.pop_front();
-            DIR* dir = ::opendir(folder.c_str());
-            if (!dir)
-                continue;
-            while (dirent* e = ::readdir(dir)) {
-                if (e->d_name[0] == '.')
-                    continue;
-                std::string path = folder + "/" + e->d_name;
-                if (e->d_type == DT_DIR) {
-                    folders.push_back(path);
-                    continue;
-                }
-                TagLib::FileRef file(path.c_str(), true, TagLib::AudioProperties::Fast);
-                if (file.isNull() || !file.tag())
-                    continue;
-                TagLib::Tag* tag = file.tag();
-                benchmark::DoNotOptimize(tag->title().size() + tag->artist().size() +
-                                         tag->album().size() + tag->genre().size() + tag->track());
-                if (file.audioProperties())
-                    benchmark::DoNotOptimize(file.audioProperties()->lengthInSeconds());
-                ++read;
-            }
-            ::closedir(dir);
-        }
+        WalkFiles([&](const std::string& path) {
+            TagLib::FileRef file(path.c_str(), true, TagLib::AudioProperties::Fast);
+            if (file.isNull() || !file.tag())
+                return;
+            TagLib::Tag* tag = file.tag();
+            benchmark::DoNotOptimize(tag->title().size() + tag->artist().size() +
+                                     tag->album().size() + tag->genre().size() + tag->track());
+            if (file.audioProperties())
+                benchmark::DoNotOptimize(file.audioProperties()->lengthInSeconds());
+            ++read;
+        });
         state.counters["records"] = read;
     }
 }

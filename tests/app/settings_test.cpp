@@ -8,6 +8,7 @@
 namespace zelvor {
 namespace {
 using testing::TempDir;
+using testing::FixedSpaceFileSystem;
 using testing::TestDevice;
 
 constexpr auto HKLM = RegistryRoot::LocalMachine;
@@ -104,19 +105,6 @@ TEST(PathExistsRule, RootWithoutSearchAndTrailingBackslashRemovedInPlace) {
     std::u16string empty;
     EXPECT_FALSE(PathExists(empty));
 }
-
-// Free space under test control: on the host the registry shares a disk with
-// the "card", so real figures move with every flush.
-class FixedSpaceFileSystem : public DeviceFileSystem {
-public:
-    using DeviceFileSystem::DeviceFileSystem;
-    std::optional<DiskSpace> GetDiskFreeSpace(std::u16string_view path) const override {
-        if (!DeviceFileSystem::GetDiskFreeSpace(path))
-            return std::nullopt;
-        return DiskSpace{free, free * 2, free};
-    }
-    std::uint64_t free = 0x1'2345'6789;
-};
 
 class Fingerprint : public ::testing::Test {
 protected:

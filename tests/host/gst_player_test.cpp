@@ -20,18 +20,8 @@ using testing::Codec;
 
 TEST(GstPlayer, EndsOfStreamAdvanceTheQueueAndTheCaptureHoldsEveryTrack) {
     testing::TestDevice device;
-    TrackList album;
-    const Codec codecs[] = {Codec::Mp3, Codec::Wma, Codec::Aac};
-    for (int i = 0; i < 3; ++i) {
-        std::u16string path = u"\\Storage Card\\Music\\" + FromUtf8(std::to_string(i + 1)) +
-                              FromUtf8(ExtensionOf(codecs[i]));
-        auto host = device.Host(path);
-        std::filesystem::create_directories(host.parent_path());
-        ASSERT_TRUE(testing::MakeAudioFile(host, codecs[i], 1.0));
-        auto record = std::make_unique<TrackRecord>();
-        record->SetField(kFieldPath, path);
-        album.AddTrack(std::move(record));
-    }
+    TrackList album = testing::MakeAlbum(device, {Codec::Mp3, Codec::Wma, Codec::Aac});
+    ASSERT_NE(album.Count(), 0);
     SavePlayerSettings({false, 0, false, 10});
     auto capture = device.Root() / "album.wav";
     AudioSinkChoice sink;

@@ -6,6 +6,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "platform/text.h"
+
 namespace zelvor::testing {
 namespace {
 
@@ -86,6 +88,23 @@ std::optional<WavData> ReadWav(const std::filesystem::path& path) {
         at = body + size + (size & 1);
     }
     return std::nullopt;
+}
+
+TrackList MakeAlbum(TestDevice& device, std::initializer_list<Codec> codecs) {
+    TrackList album;
+    int number = 0;
+    for (Codec codec : codecs) {
+        std::u16string path = u"\\Storage Card\\Music\\" + FromUtf8(std::to_string(++number)) +
+                              FromUtf8(ExtensionOf(codec));
+        auto host = device.Host(path);
+        std::filesystem::create_directories(host.parent_path());
+        if (!MakeAudioFile(host, codec, 1.0))
+            return {};
+        auto record = std::make_unique<TrackRecord>();
+        record->SetField(kFieldPath, path);
+        album.AddTrack(std::move(record));
+    }
+    return album;
 }
 
 } // namespace zelvor::testing

@@ -4,9 +4,13 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "library/track_list.h"
+#include "tests/support/test_device.h"
 
 namespace zelvor::testing {
 
@@ -20,6 +24,11 @@ const char* ExtensionOf(Codec codec);
 // 44.1 kHz stereo. False when ffmpeg failed.
 bool MakeAudioFile(const std::filesystem::path& path, Codec codec, double seconds,
                    const std::string& expression = "0.5*sin(2*PI*440*t)");
+
+// A one-second file per codec on the device's card ("\\Storage Card\\Music\\1.mp3",
+// "2.wma", ...), and the queue of records that names them in that order.
+// An empty list when ffmpeg failed.
+TrackList MakeAlbum(TestDevice& device, std::initializer_list<Codec> codecs);
 
 struct WavData {
     int rate = 0;

@@ -47,6 +47,20 @@ private:
     std::unique_ptr<ScopedCurrentDevice> m_scope;
 };
 
+// Free space under test control: on the host the registry shares a disk with
+// the "card", so real figures would move with every flush. A folder that
+// does not exist still has no free space.
+class FixedSpaceFileSystem : public DeviceFileSystem {
+public:
+    using DeviceFileSystem::DeviceFileSystem;
+    std::optional<DiskSpace> GetDiskFreeSpace(std::u16string_view path) const override {
+        if (!DeviceFileSystem::GetDiskFreeSpace(path))
+            return std::nullopt;
+        return DiskSpace{free, free * 2, free};
+    }
+    std::uint64_t free = 0x1'2345'6789;
+};
+
 std::vector<std::byte> Bytes(std::string_view text);
 // UTF-16LE bytes of a text, with the byte-order mark when asked.
 std::string Utf16Le(std::u16string_view text, bool withBom = false);

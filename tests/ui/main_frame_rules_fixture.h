@@ -72,18 +72,6 @@ public:
     std::function<void(int)> onSleep;
 };
 
-// Free space that moves only when the test says so.
-class FixedSpaceFileSystem : public DeviceFileSystem {
-public:
-    using DeviceFileSystem::DeviceFileSystem;
-    std::optional<DiskSpace> GetDiskFreeSpace(std::u16string_view path) const override {
-        if (!DeviceFileSystem::GetDiskFreeSpace(path))
-            return std::nullopt;
-        return DiskSpace{free, free * 2, free};
-    }
-    std::uint64_t free = 0x1'0000'0000;
-};
-
 // Records made from the path alone; a file named "bad.mp3" cannot be read.
 inline std::unique_ptr<TrackRecord> PathOnlyRecord(std::u16string_view path, int) {
     if (FileNameOfPath(path) == u"bad.mp3")
