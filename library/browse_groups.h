@@ -1,0 +1,61 @@
+#pragma once
+// The rows the browser lists for a category of the library: one row per
+// song, or one row per group of songs sharing an artist, an album or a
+// genre. Rows are PlaylistEntry, which the browser's list shows and sorts:
+//
+//   song row   text 1 = the shown title (ShownTitle), text 2 = artist,
+//              text 3 = album, value D = track number (at most 32,767),
+//              library index = the library row, value C = the row's position
+//              in the list it came from (its entry in a playlist file).
+//              So the list's sort modes read: 0 title, 1 track number then
+//              title, 2 artist then track number, 3 artist, album, track
+//              number, title.
+//   group row  text 1 = the value, "Unknown" or "All"; text 2 and 3 none;
+//              value D = its number of songs (at most 32,767), so mode 1
+//              lists the biggest groups first or last; library index = its
+//              first library row (-1 for "All", which so stays at one end);
+//              value C = its index among the BrowseGroups.
+//
+// The library must be sorted by the category's field before groups are
+// built from it; a group's rows are valid until the library is sorted again
+// or changes.
+
+#include <string_view>
+#include <vector>
+
+#include "library/track_list.h"
+#include "playlists/playlist_entry_list.h"
+
+namespace zelvor {
+
+// The marker of the group of songs without a value.
+constexpr int kUnknownGroupMarker = 14;
+
+struct BrowseGroup {
+    int first = 0; // library rows, inclusive
+    int last = 0;
+    int marker = 0; // kUnknownGroupMarker for the songs without a value
+    // The "All" row stands for every song: first < 0 and last 0.
+    bool IsAll() const { return first < 0 && last == 0; }
+};
+
+// The texts of the two special groups, in the current language.
+struct GroupNames {
+    std::u16string_view all;
+    std::u16string_view unknown;
+};
+
+// Appends one song row for each library row from first to last.
+void AppendSongRows(const TrackList& library, int first, int last, PlaylistEntryList& rows);
+
+// Empties rows and groups, then lists one group per run of equal values of
+// field in the sorted library, compared ignoring case with the previous
+// song's value; with withAll an "All" row comes first.
+void BuildGroupRows(const TrackList& library, int field, bool withAll, const GroupNames& names,
+                    PlaylistEntryList& rows, std::vector<BrowseGroup>& groups);
+
+// Sets song-row texts 2 and 3 and value D from the record (rows of a
+// playlist matched to the library get the same sort texts as library rows).
+void SetSongSortValues(PlaylistEntry& row, const TrackRecord& record);
+
+} // namespace zelvor
