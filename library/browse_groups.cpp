@@ -31,8 +31,6 @@ bool SameGroup(std::u16string_view a, std::u16string_view b) {
 } // namespace
 
 void SetSongSortValues(PlaylistEntry& row, const TrackRecord& record) {
-    row.SetText(2, record.Text(kFieldArtist));
-    row.SetText(3, record.Text(kFieldAlbum));
     row.SetValueD(Clamp16(record.TrackNumber()));
 }
 

@@ -3,17 +3,18 @@
 // song, or one row per group of songs sharing an artist, an album or a
 // genre. Rows are PlaylistEntry, which the browser's list shows and sorts:
 //
-//   song row   text 1 = the shown title (ShownTitle), text 2 = artist,
-//              text 3 = album, value D = track number (at most 32,767),
-//              library index = the library row, value C = the row's position
-//              in the list it came from (its entry in a playlist file).
-//              So the list's sort modes read: 0 title, 1 track number then
-//              title, 2 artist then track number, 3 artist, album, track
-//              number, title.
-//   group row  text 1 = the value, "Unknown" or "All"; text 2 and 3 none;
+//   song row   text 1 = the shown title (ShownTitle), library index = the
+//              library row, value C = the row's position in the list it came
+//              from (its entry in a playlist file), value D = track number
+//              (at most 32,767); texts 2 and 3 none. So the list's sort mode
+//              0 orders by title and 1 by track number, then title. Artist
+//              and album are left out on purpose: two more strings a row
+//              double the time to list 100,000 songs, and a one-column list
+//              of titles is sorted by its titles.
+//   group row  text 1 = the value, "Unknown" or "All"; texts 2 and 3 none;
 //              value D = its number of songs (at most 32,767), so mode 1
-//              lists the biggest groups first or last; library index = its
-//              first library row (-1 for "All", which so stays at one end);
+//              puts the biggest groups at one end; library index = its first
+//              library row (-1 for "All", which so stays at one end);
 //              value C = its index among the BrowseGroups.
 //
 // The library must be sorted by the category's field before groups are
@@ -54,8 +55,8 @@ void AppendSongRows(const TrackList& library, int first, int last, PlaylistEntry
 void BuildGroupRows(const TrackList& library, int field, bool withAll, const GroupNames& names,
                     PlaylistEntryList& rows, std::vector<BrowseGroup>& groups);
 
-// Sets song-row texts 2 and 3 and value D from the record (rows of a
-// playlist matched to the library get the same sort texts as library rows).
+// Sets a song row's value D from the record (rows of a playlist matched to
+// the library get the same sort values as library rows).
 void SetSongSortValues(PlaylistEntry& row, const TrackRecord& record);
 
 } // namespace zelvor

@@ -148,6 +148,15 @@ TEST_F(Browser, SongRowsPlayOnlyOnAConfirmingChoice) {
     EXPECT_EQ(view.playedStart, 1);
 }
 
+TEST_F(Browser, HeadingClicksSortBelowTheTopList) {
+    controller.OnColumnClick(0);
+    EXPECT_TRUE(view.sorts.empty());
+    controller.OnListClick(1, 0);
+    controller.OnColumnClick(0);
+    controller.OnColumnClick(0);
+    EXPECT_EQ(view.sorts, (std::vector<std::pair<int, bool>>{{0, true}, {0, false}}));
+}
+
 TEST_F(Browser, PlaySelectedAndUpdateNeedSomethingToActOn) {
     controller.OnCommand(kCmdPlaySelected);
     controller.OnListClick(0, 0);

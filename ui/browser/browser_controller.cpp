@@ -21,9 +21,8 @@ constexpr int kCategoryKeys[] = {kFieldTitle, kFieldArtist, kFieldAlbum, kFieldG
 constexpr int kAllRowKeyArtists = kSortAlbumOrder;
 constexpr int kAllRowKeyAlbums = kFieldRunTimeD;
 constexpr int kAscending = 1;
-// Song rows sort by artist, album, track number, title; group rows by name.
-constexpr int kSongSortMode = 3;
-constexpr int kGroupSortMode = 0;
+// A heading click sorts song rows by title and group rows by name.
+constexpr int kSortByText = 0;
 
 std::u16string FavouritesName(int n) {
     return FormatText(FormatText(u"%s %d", static_cast<long long>(n) + 1),
@@ -175,7 +174,7 @@ void BrowserController::OnColumnClick(int) {
     if (m_level == 0)
         return; // the top list keeps its fixed order
     m_sortAscending = !m_sortAscending;
-    m_view.SortRows(m_songsShown ? kSongSortMode : kGroupSortMode, m_sortAscending);
+    m_view.SortRows(kSortByText, m_sortAscending);
 }
 
 void BrowserController::Play(const std::vector<int>& rows, int startRow) {
