@@ -54,6 +54,7 @@ TEST(BrowseGroups, NeighboursEqualIgnoringCaseShareAGroup) {
     EXPECT_EQ(b.groups[1].first, 1);
     EXPECT_EQ(b.groups[1].last, 3);
     EXPECT_EQ(b.groups[1].marker, 0);
+    EXPECT_EQ(b.rows.At(1)->ValueD(), 3);
     EXPECT_EQ(b.groups[3].first, 5);
     EXPECT_EQ(b.groups[3].last, 5);
     for (int i = 0; i < b.rows.Count(); ++i) {
@@ -77,6 +78,9 @@ TEST(BrowseGroups, SongRowsCarryTheirLibraryRowAndSortTexts) {
     EXPECT_EQ(rows.At(1)->LibraryIndex(), 2);
     EXPECT_EQ(rows.At(1)->ValueC(), 1);
     EXPECT_EQ(rows.At(1)->ValueD(), 32767); // track 40000 held as a 16-bit sort value
+    AppendSongRows(library, -3, 0, rows);   // a first row before the library starts at 0
+    ASSERT_EQ(rows.Count(), 3);
+    EXPECT_EQ(rows.At(2)->Text(1), u"one");
 }
 
 } // namespace

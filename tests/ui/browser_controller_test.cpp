@@ -35,7 +35,7 @@ public:
         playedStart = startIndex;
     }
     void RunLibraryUpdate() override { ++updates; }
-    void SetWaitCursor(bool) override {}
+    void SetWaitCursor(bool on) override { waitCursor.push_back(on); }
 
     std::vector<int> selected;
     int selectedRow = -2;
@@ -47,6 +47,7 @@ public:
     bool shown = true;
     std::vector<std::string> played;
     int playedStart = -1;
+    std::vector<bool> waitCursor;
 };
 
 std::unique_ptr<TrackRecord> Song(std::u16string_view title, std::u16string_view artist,
@@ -126,8 +127,14 @@ TEST_F(Browser, ArtistsAreGroupedAndAGroupListsItsSongs) {
 TEST_F(Browser, TheAllRowOfAlbumsAndGenresWithoutAll) {
     controller.OnListClick(2, 0);
     EXPECT_EQ(Texts(), (std::vector<std::u16string>{u"All", u"Unknown", u"One", u"Two"}));
-    controller.OnListClick(0, 0);
-    EXPECT_EQ(controller.Rows().Count(), 4);
+    controller.OnListClick(0, 0); // by key 12, equal for all: the album order stays
+    EXPECT_EQ(Texts(), (std::vector<std::u16string>{u"c", u"a", u"b", u"d"}));
+    EXPECT_EQ(view.waitCursor, (std::vector<bool>{true, false, true, false}));
+    controller.OnCommand(kCmdUp);
+    controller.OnCommand(kCmdUp);
+    controller.OnListClick(1, 0);
+    controller.OnListClick(0, 0); // album order: songs without an album last
+    EXPECT_EQ(Texts(), (std::vector<std::u16string>{u"a", u"b", u"d", u"c"}));
     controller.OnCommand(kCmdUp);
     controller.OnCommand(kCmdUp);
     controller.OnListClick(3, 0);
@@ -184,11 +191,13 @@ TEST_F(Browser, FavouritesMenuAddsToTheListTapped) {
     ASSERT_EQ(view.menu.size(), 5u);
     EXPECT_EQ(view.menu[4].command, kCmdAddToFavouritesFirst + 4);
     EXPECT_EQ(view.menu[4].text, u"My Favourites 5");
+    EXPECT_EQ(view.menuAt, (std::pair<int, int>{-1, -1})); // under the button
     controller.OnCommand(kCmdAddToFavouritesFirst);
     controller.OnCommand(kCmdAddToFavouritesFirst); // without a menu: favourites numbering
     EXPECT_EQ(Favourites(0), std::vector<std::u16string>(2, u"\\Storage Card\\a.mp3"));
     controller.OnCommand(kCmdAddToFavouritesFirst + 5); // no menu names a sixth list
-    EXPECT_EQ(feedback.beeps, 2);
+    controller.OnCommand(kCmdAddToPlaylistLast);
+    EXPECT_EQ(feedback.beeps, 3);
 }
 
 TEST_F(Browser, ContextMenuListsThePlaylistFilesByName) {
@@ -223,17 +232,18 @@ TEST_F(Browser, OpenFavouritesListCanLoseSongs) {
     list.Insert(std::make_unique<PlaylistEntry>(u"\\Storage Card\\c.mp3"));
     list.Insert(std::make_unique<PlaylistEntry>(u"\\Storage Card\\a.mp3"));
     device.Fs().CreateDirectory(u"\\Flash Disk\\Zelvor\\My Playlists");
-    SavePlaylist(GetFavoritesPath(1), list);
-    controller.OnListClick(5, 0);
+    SavePlaylist(GetFavoritesPath(0), list);
+    controller.OnListClick(4, 0);
+    controller.Reload();
     EXPECT_EQ(Texts(), (std::vector<std::u16string>{u"c", u"a"}));
-    EXPECT_EQ(controller.OpenFavourites(), 1);
+    EXPECT_EQ(controller.OpenFavourites(), 0);
     EXPECT_EQ(view.buttons, (BrowserButtonsShown{true, false, true}));
     controller.OnCommand(kCmdDeleteSongs);
     EXPECT_EQ(feedback.beeps, 1);
     view.selected = {0};
     controller.OnCommand(kCmdDeleteSongs);
     EXPECT_EQ(Texts(), std::vector<std::u16string>{u"a"});
-    EXPECT_EQ(Favourites(1), std::vector<std::u16string>{u"\\Storage Card\\a.mp3"});
+    EXPECT_EQ(Favourites(0), std::vector<std::u16string>{u"\\Storage Card\\a.mp3"});
     EXPECT_EQ(view.selectedRow, 0);
     controller.OnCommand(kCmdUp);
     controller.OnCommand(kCmdDeleteSongs); // no list open
