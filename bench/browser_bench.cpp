@@ -6,14 +6,13 @@
 //   cmake --preset release && cmake --build --preset release --target zelvor_bench_browser -j2
 //   build/release/bin/zelvor_bench_browser
 
-#include <algorithm>
-#include <random>
-#include <string>
-
-#include <benchmark/benchmark.h>
-
 #include "library/browse_groups.h"
 #include "library/track_list.h"
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <random>
+#include <string>
 
 namespace zelvor {
 namespace {
@@ -28,8 +27,8 @@ std::u16string Ascii(const std::string& s) {
 // in three spelled in capitals, so neighbours differ only in case; some
 // songs without an album. Shuffled, as a scan leaves them.
 TrackList MakeLibrary() {
-    static const char* const kWords[] = {"love", "night", "river", "blue", "fire", "road",
-                                         "heart", "rain", "dream", "stone", "light", "home"};
+    static const char* const kWords[] = {"love",  "night", "river", "blue",  "fire",  "road",
+                                         "heart", "rain",  "dream", "stone", "light", "home"};
     std::mt19937 random(7);
     std::vector<std::unique_ptr<TrackRecord>> records;
     for (int i = 0; i < kSongs; ++i) {
@@ -37,10 +36,10 @@ TrackList MakeLibrary() {
         std::string artistName = "Artist " + std::to_string(artist);
         if (i % 3 == 0)
             std::transform(artistName.begin(), artistName.end(), artistName.begin(), ::toupper);
-        const std::string albumName = std::string("Album ") + kWords[album % 12] + " " +
-                                      std::to_string(album);
-        const std::string title = std::string(kWords[random() % 12]) + " " +
-                                  kWords[random() % 12] + " " + std::to_string(i);
+        const std::string albumName =
+            std::string("Album ") + kWords[album % 12] + " " + std::to_string(album);
+        const std::string title = std::string(kWords[random() % 12]) + " " + kWords[random() % 12] +
+                                  " " + std::to_string(i);
         auto r = std::make_unique<TrackRecord>();
         r->SetField(kFieldPath, Ascii("\\Storage Card\\Music\\" + artistName + "\\" + albumName +
                                       "\\" + title + ".mp3"));

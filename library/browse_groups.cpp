@@ -1,15 +1,16 @@
 #include "library/browse_groups.h"
 
+#include "platform/text.h"
+
 #include <algorithm>
 #include <limits>
-
-#include "platform/text.h"
 
 namespace zelvor {
 namespace {
 
 std::int16_t Clamp16(long long value) {
-    return static_cast<std::int16_t>(std::min<long long>(value, std::numeric_limits<std::int16_t>::max()));
+    return static_cast<std::int16_t>(
+        std::min<long long>(value, std::numeric_limits<std::int16_t>::max()));
 }
 
 std::unique_ptr<PlaylistEntry> GroupRow(std::u16string_view text, int libraryIndex, int groupIndex,

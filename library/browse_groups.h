@@ -21,11 +21,11 @@
 // built from it; a group's rows are valid until the library is sorted again
 // or changes.
 
-#include <string_view>
-#include <vector>
-
 #include "library/track_list.h"
 #include "playlists/playlist_entry_list.h"
+
+#include <string_view>
+#include <vector>
 
 namespace zelvor {
 

@@ -1,7 +1,5 @@
 #include "playlists/playlist_operations.h"
 
-#include <algorithm>
-
 #include "app/local_text.h"
 #include "app/settings.h"
 #include "platform/device.h"
@@ -10,6 +8,8 @@
 #include "playlists/playlist_file.h"
 #include "playlists/playlist_names.h"
 #include "res/string_table.h"
+
+#include <algorithm>
 
 namespace zelvor {
 namespace {
@@ -24,7 +24,8 @@ std::u16string BuiltIn(std::uint16_t id) {
 }
 
 std::u16string PathInPlaylistFolder(std::u16string_view name) {
-    return JoinDevicePath(GetPlaylistFolder(), std::u16string(name) + std::u16string(kPlaylistExtension));
+    return JoinDevicePath(GetPlaylistFolder(),
+                          std::u16string(name) + std::u16string(kPlaylistExtension));
 }
 
 bool Exists(std::u16string_view path) {
@@ -70,8 +71,8 @@ std::vector<std::u16string> SongPaths(const PlaylistEntryList& rows, std::span<c
     return paths;
 }
 
-bool FinishRename(std::vector<PlaylistRow>& rows, int row, std::u16string_view newName,
-                  bool report, UserFeedback& feedback) {
+bool FinishRename(std::vector<PlaylistRow>& rows, int row, std::u16string_view newName, bool report,
+                  UserFeedback& feedback) {
     const bool known = row >= 0 && row < static_cast<int>(rows.size());
     const std::u16string newPath = PathInPlaylistFolder(newName);
     if (known && UsableName(newName) && Exists(newPath)) {

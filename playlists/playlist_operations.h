@@ -9,14 +9,14 @@
 // Songs are always stored by their full device path (the library record's
 // field 8); SongPaths turns the browser's selected song rows into those.
 
+#include "library/track_list.h"
+#include "playlists/playlist_entry_list.h"
+
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "library/track_list.h"
-#include "playlists/playlist_entry_list.h"
 
 namespace zelvor {
 
@@ -61,8 +61,8 @@ std::vector<std::u16string> SongPaths(const PlaylistEntryList& rows, std::span<c
 // already exists." Any other failure (no such row, an empty name or one with
 // a folder in it, a failed move) reports "Rename Failed !" alone. On success
 // the row takes the new name and path. True when the file was moved.
-bool FinishRename(std::vector<PlaylistRow>& rows, int row, std::u16string_view newName,
-                  bool report, UserFeedback& feedback);
+bool FinishRename(std::vector<PlaylistRow>& rows, int row, std::u16string_view newName, bool report,
+                  UserFeedback& feedback);
 
 struct RowsAfterDeletion {
     bool deleted = false;

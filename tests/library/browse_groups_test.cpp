@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "library/browse_groups.h"
+
+#include <gtest/gtest.h>
 
 namespace zelvor {
 namespace {

@@ -1,9 +1,9 @@
-#include <gtest/gtest.h>
-
 #include "playlists/playlist_file.h"
 #include "playlists/playlist_operations.h"
 #include "tests/playlists/recording_feedback.h"
 #include "tests/support/test_device.h"
+
+#include <gtest/gtest.h>
 
 namespace zelvor {
 namespace {
@@ -62,7 +62,7 @@ TEST_F(PlaylistOperations, RenameRefusesAnExistingNameIgnoringCase) {
     EXPECT_TRUE(Exists(InFolder(u"Road")));
 
     EXPECT_FALSE(FinishRename(rows, 0, u"road", false, feedback)); // its own name, other case
-    EXPECT_EQ(feedback.messages.size(), 1u);                          // not asked to report
+    EXPECT_EQ(feedback.messages.size(), 1u);                       // not asked to report
 }
 
 TEST_F(PlaylistOperations, RenameMovesTheFileAndUpdatesTheRow) {
@@ -108,7 +108,8 @@ TEST_P(PlaylistDeletion, SelectsTheSamePositionOrTheNewLastRow) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, PlaylistDeletion,
-                         ::testing::Values(DeleteCase{"Last", 3, 2, 1}, DeleteCase{"Only", 1, 0, -1},
+                         ::testing::Values(DeleteCase{"Last", 3, 2, 1},
+                                           DeleteCase{"Only", 1, 0, -1},
                                            DeleteCase{"First", 3, 0, 0},
                                            DeleteCase{"Middle", 3, 1, 1}),
                          [](const auto& param) { return param.param.name; });

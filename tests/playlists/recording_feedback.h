@@ -2,19 +2,21 @@
 // A UserFeedback that records what the user would have heard and read, and
 // answers message boxes from a queue (yes when the queue is empty).
 
+#include "platform/text.h"
+#include "playlists/playlist_operations.h"
+
 #include <deque>
 #include <string>
 #include <vector>
-
-#include "platform/text.h"
-#include "playlists/playlist_operations.h"
 
 namespace zelvor::testing {
 
 class RecordingFeedback : public UserFeedback {
 public:
     void Beep() override { ++beeps; }
-    void PlaySound(std::u16string_view devicePath) override { sounds.push_back(ToUtf8(devicePath)); }
+    void PlaySound(std::u16string_view devicePath) override {
+        sounds.push_back(ToUtf8(devicePath));
+    }
     int MessageBox(std::u16string_view text, int type) override {
         messages.push_back(ToUtf8(text));
         types.push_back(type);

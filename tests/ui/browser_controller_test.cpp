@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "app/application_values.h"
 #include "playlists/playlist_file.h"
 #include "playlists/playlist_names.h"
@@ -7,6 +5,8 @@
 #include "tests/playlists/recording_feedback.h"
 #include "tests/support/test_device.h"
 #include "ui/browser/browser_controller.h"
+
+#include <gtest/gtest.h>
 
 namespace zelvor {
 namespace {
@@ -92,10 +92,10 @@ protected:
 };
 
 TEST_F(Browser, TopListNamesTheCategoriesAndTheFavourites) {
-    EXPECT_EQ(Texts(), (std::vector<std::u16string>{
-                           u"All Music", u"Artists", u"Albums", u"Genres", u"My Favourites 1",
-                           u"My Favourites 2", u"My Favourites 3", u"My Favourites 4",
-                           u"My Favourites 5"}));
+    EXPECT_EQ(Texts(), (std::vector<std::u16string>{u"All Music", u"Artists", u"Albums", u"Genres",
+                                                    u"My Favourites 1", u"My Favourites 2",
+                                                    u"My Favourites 3", u"My Favourites 4",
+                                                    u"My Favourites 5"}));
     EXPECT_EQ(controller.Rows().At(6)->ValueC(), 6);
     EXPECT_EQ(controller.Rows().At(6)->ValueD(), 6);
     EXPECT_EQ(view.buttons, BrowserButtonsShown{});

@@ -1,16 +1,16 @@
 #include "ui/browser/browser_controller.h"
 
-#include <algorithm>
-
 #include "app/application_values.h"
 #include "app/settings.h"
 #include "platform/device.h"
+#include "platform/text.h"
 #include "playlists/playlist_file.h"
 #include "playlists/playlist_match.h"
 #include "playlists/playlist_names.h"
-#include "platform/text.h"
 #include "res/command_ids.h"
 #include "res/string_table.h"
+
+#include <algorithm>
 
 namespace zelvor {
 namespace {
@@ -30,8 +30,7 @@ std::u16string FavouritesName(int n) {
 }
 
 // Runs the work under the wait cursor, as every long step of the screen.
-template <typename Work>
-void UnderWaitCursor(BrowserView& view, Work work) {
+template <typename Work> void UnderWaitCursor(BrowserView& view, Work work) {
     view.SetWaitCursor(true);
     work();
     view.SetWaitCursor(false);
@@ -312,7 +311,8 @@ void BrowserController::AddSongs(int command) {
         m_feedback.Beep();
         return;
     }
-    if (AddToPlaylistFile(target, paths, m_feedback) && EqualsIgnoreCase(target, OpenPlaylistPath()))
+    if (AddToPlaylistFile(target, paths, m_feedback) &&
+        EqualsIgnoreCase(target, OpenPlaylistPath()))
         OpenFavouritesList(m_openFavourites); // show the songs just added
 }
 
@@ -322,7 +322,7 @@ std::vector<std::u16string> BrowserController::PlaylistFilesForMenu() const {
     std::vector<std::u16string> names;
     FindData found;
     auto handle = CurrentDevice().FileSystem().FindFirst(JoinDevicePath(folder, u"*.mpl"), found,
-                                                        FindDetail::Attributes);
+                                                         FindDetail::Attributes);
     for (bool more = handle != nullptr; more; more = handle->Next(found)) {
         if (!(found.attributes & kAttrDirectory) &&
             !EqualsIgnoreCase(JoinDevicePath(folder, found.name), open))

@@ -14,16 +14,16 @@
 // by row index, so whoever changes it calls Reload() (or DropContents()
 // before its records go away).
 
-#include <cstdint>
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "library/browse_groups.h"
 #include "library/track_list.h"
 #include "playlists/playlist_entry_list.h"
 #include "playlists/playlist_operations.h"
 #include "ui/browser/browser_view.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace zelvor {
 

@@ -14,7 +14,7 @@ namespace zelvor {
 class TrackList;
 
 struct BrowserMenuItem {
-    int command = 0;      // 0 with separator set
+    int command = 0; // 0 with separator set
     std::u16string text;
     bool enabled = true;
     bool separator = false;
