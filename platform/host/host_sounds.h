@@ -21,12 +21,10 @@
 
 #include <gst/gst.h>
 
+#include "platform/device_sounds.h"
 #include "platform/host/gst_audio_sink.h"
 
 namespace zelvor {
-
-constexpr char16_t kSoundDeleteSong[] = u"\\Windows\\DeleteSong.wav";
-constexpr char16_t kSoundMyFavorite[] = u"\\Windows\\MyFavorite.wav";
 
 class SoundPlayer {
 public:

@@ -1,0 +1,168 @@
+#include "playlists/playlist_file.h"
+#include "playlists/playlist_operations.h"
+#include "tests/playlists/recording_feedback.h"
+#include "tests/support/test_device.h"
+
+#include <gtest/gtest.h>
+
+namespace zelvor {
+namespace {
+
+using testing::RecordingFeedback;
+using Paths = std::vector<std::u16string>;
+
+const std::u16string kFolder = u"\\Flash Disk\\Zelvor\\My Playlists";
+
+std::u16string InFolder(std::u16string_view name) {
+    return kFolder + u"\\" + std::u16string(name) + u".mpl";
+}
+
+void Write(std::u16string_view path, const Paths& songs) {
+    PlaylistEntryList list;
+    for (const auto& s : songs)
+        list.Insert(std::make_unique<PlaylistEntry>(s));
+    CurrentDevice().FileSystem().CreateDirectory(kFolder);
+    ASSERT_EQ(SavePlaylist(path, list), 1);
+}
+
+Paths Read(std::u16string_view path) {
+    PlaylistEntryList list;
+    LoadPlaylist(path, list);
+    Paths out;
+    for (const auto& e : list)
+        out.emplace_back(e->Text(1));
+    return out;
+}
+
+bool Exists(std::u16string_view path) {
+    return CurrentDevice().FileSystem().GetAttributes(path) != kInvalidAttributes;
+}
+
+class PlaylistOperations : public ::testing::Test {
+protected:
+    std::vector<PlaylistRow> Rows(std::initializer_list<const char16_t*> names) {
+        std::vector<PlaylistRow> rows;
+        for (const char16_t* name : names) {
+            Write(InFolder(name), {});
+            rows.push_back({name, InFolder(name), static_cast<int>(rows.size())});
+        }
+        return rows;
+    }
+    testing::TestDevice device;
+    RecordingFeedback feedback;
+};
+
+TEST_F(PlaylistOperations, RenameRefusesAnExistingNameIgnoringCase) {
+    auto rows = Rows({u"Road", u"Morning"});
+    EXPECT_FALSE(FinishRename(rows, 0, u"MORNING", true, feedback));
+    EXPECT_FALSE(FinishRename(rows, 0, u"road", false, feedback)); // its own name: not reported
+    EXPECT_EQ(
+        feedback.messages,
+        std::vector<std::string>{"Rename Failed !\nA playlist named 'MORNING' already exists."});
+    EXPECT_EQ(feedback.types[0], kMessageBoxOk);
+    EXPECT_TRUE(FinishRename(rows, 0, u"Drive", true, feedback));
+    EXPECT_EQ(rows[0].name, u"Drive");
+    EXPECT_EQ(rows[0].path, InFolder(u"Drive"));
+    EXPECT_TRUE(Exists(InFolder(u"Drive")));
+    EXPECT_FALSE(Exists(InFolder(u"Road")));
+}
+
+TEST_F(PlaylistOperations, RenameThatCannotMoveReportsTheShortText) {
+    auto rows = Rows({u"Road"});
+    CurrentDevice().FileSystem().DeleteFile(InFolder(u"Road"));
+    for (std::u16string_view name : {u"Gone", u"", u"a\\b"})
+        EXPECT_FALSE(FinishRename(rows, 0, name, true, feedback));
+    EXPECT_FALSE(FinishRename(rows, 1, u"Nowhere", true, feedback));
+    EXPECT_EQ(feedback.messages, std::vector<std::string>(4, "Rename Failed !"));
+}
+
+TEST_F(PlaylistOperations, DeleteSelectsTheSamePositionOrTheNewLastRow) {
+    struct Case {
+        int rowCount, deleted, selected;
+    };
+    for (Case c : {Case{3, 2, 1}, Case{1, 0, -1}, Case{3, 0, 0}, Case{3, 1, 1}}) {
+        std::vector<PlaylistRow> rows = Rows({u"A", u"B", u"C"});
+        rows.resize(static_cast<size_t>(c.rowCount));
+        const std::u16string doomed = rows[static_cast<size_t>(c.deleted)].path;
+        const RowsAfterDeletion result = DeletePlaylist(rows, c.deleted, feedback);
+        EXPECT_TRUE(result.deleted);
+        EXPECT_EQ(result.selectRow, c.selected) << c.rowCount << " rows, deleted " << c.deleted;
+        EXPECT_FALSE(Exists(doomed));
+        for (size_t i = 0; i < rows.size(); ++i)
+            EXPECT_EQ(rows[i].number, static_cast<int>(i)); // numbers stay in step
+    }
+    EXPECT_EQ(feedback.messages[0], "'C'\nDo you want to delete this playlist ?");
+    EXPECT_EQ(feedback.types[0], kMessageBoxYesNo);
+}
+
+TEST_F(PlaylistOperations, DeleteKeepsEverythingOnNo) {
+    auto rows = Rows({u"Road"});
+    feedback.answers = {kMessageBoxOk};
+    EXPECT_FALSE(DeletePlaylist(rows, 0, feedback).deleted);
+    EXPECT_TRUE(Exists(InFolder(u"Road")));
+    EXPECT_FALSE(DeletePlaylist(rows, 1, feedback).deleted);
+    EXPECT_EQ(feedback.beeps, 1);
+}
+
+TEST_F(PlaylistOperations, DeleteSongsTakesThemFromTheRowsAndTheFile) {
+    const std::u16string file = InFolder(u"My Favorites 1");
+    PlaylistEntryList rows;
+    for (int entry : {3, 1, 2, 0}) { // sorted since they were listed
+        rows.Insert(std::make_unique<PlaylistEntry>(u"title"));
+        rows.At(-1)->SetValueC(entry);
+    }
+    EXPECT_FALSE(DeleteSongsFromPlaylist(file, rows, std::vector<int>{0}, feedback).deleted);
+    Write(file, {u"\\a", u"\\b", u"\\c", u"\\d"});
+    EXPECT_FALSE(DeleteSongsFromPlaylist(file, rows, std::vector<int>{4}, feedback).deleted);
+    const RowsAfterDeletion result =
+        DeleteSongsFromPlaylist(file, rows, std::vector<int>{0, 1}, feedback);
+    EXPECT_EQ(Read(file), (Paths{u"\\a", u"\\c"}));
+    ASSERT_EQ(rows.Count(), 2);
+    EXPECT_EQ(rows.At(0)->ValueC(), 1); // entry 2 moved up to 1
+    EXPECT_EQ(rows.At(1)->ValueC(), 0);
+    EXPECT_EQ(result.selectRow, 0); // min(2 - 1, 1 - 2 + 1)
+    EXPECT_EQ(feedback.sounds, std::vector<std::string>{"\\Windows\\DeleteSong.wav"});
+    EXPECT_EQ(feedback.beeps, 2);
+    EXPECT_EQ(DeleteSongsFromPlaylist(file, rows, std::vector<int>{1}, feedback).selectRow, 0);
+    EXPECT_EQ(DeleteSongsFromPlaylist(file, rows, std::vector<int>{0}, feedback).selectRow, -1);
+    EXPECT_TRUE(Read(file).empty());
+}
+
+TEST_F(PlaylistOperations, AddToNewPlaylistTakesTheFirstFreeNameAndSaysSo) {
+    Write(InFolder(u"New Playlist 1"), {});
+    const Paths songs{u"\\Storage Card\\a.mp3", u"\\Storage Card\\b.mp3"};
+    EXPECT_EQ(AddToNewPlaylist(songs, feedback), InFolder(u"New Playlist 2"));
+    EXPECT_EQ(Read(InFolder(u"New Playlist 2")), songs);
+    EXPECT_EQ(feedback.messages, std::vector<std::string>{"Add to 'New Playlist 2' ."});
+    EXPECT_EQ(AddToNewPlaylist({}, feedback), u"");
+    EXPECT_EQ(feedback.beeps, 1);
+}
+
+TEST_F(PlaylistOperations, AddingASongTwiceListsItTwice) {
+    const std::u16string file = InFolder(u"My Favorites 1"); // the folder does not exist yet
+    const Paths song{u"\\Storage Card\\a.mp3"};
+    EXPECT_TRUE(AddToPlaylistFile(file, song, feedback));
+    EXPECT_TRUE(AddToPlaylistFile(file, song, feedback));
+    EXPECT_EQ(Read(file), (Paths(2, song[0])));
+    EXPECT_EQ(feedback.sounds, std::vector<std::string>(2, "\\Windows\\MyFavorite.wav"));
+    CurrentDevice().FileSystem().CreateDirectory(InFolder(u"Odd")); // unreadable: a folder
+    EXPECT_FALSE(AddToPlaylistFile(InFolder(u"Odd"), song, feedback));
+    EXPECT_FALSE(AddToPlaylistFile(file, {}, feedback));
+    EXPECT_EQ(feedback.beeps, 2);
+}
+
+TEST(PlaylistSongPaths, LibraryPathForLinkedRowsAndTheStoredPathOtherwise) {
+    TrackList library;
+    library.AddTrack(std::make_unique<TrackRecord>());
+    library.TrackAt(0)->SetField(kFieldPath, u"\\Card\\a.mp3");
+    PlaylistEntryList rows;
+    for (int index : {0, -1, 7}) {
+        rows.Insert(std::make_unique<PlaylistEntry>(u"\\Card\\gone.mp3"));
+        rows.At(-1)->SetLibraryIndex(index);
+    }
+    EXPECT_EQ(SongPaths(rows, std::vector<int>{2, 1, 0, -1, 9}, library),
+              (Paths{u"\\Card\\gone.mp3", u"\\Card\\a.mp3"}));
+}
+
+} // namespace
+} // namespace zelvor

@@ -1,0 +1,258 @@
+#include "app/application_values.h"
+#include "playlists/playlist_file.h"
+#include "playlists/playlist_names.h"
+#include "res/command_ids.h"
+#include "tests/playlists/recording_feedback.h"
+#include "tests/support/test_device.h"
+#include "ui/browser/browser_controller.h"
+
+#include <gtest/gtest.h>
+
+namespace zelvor {
+namespace {
+
+using testing::RecordingFeedback;
+using testing::TestDevice;
+using Texts = std::vector<std::u16string>;
+
+class FakeBrowserView : public BrowserView {
+public:
+    void RowsChanged() override {}
+    std::vector<int> SelectedRows() override { return selected; }
+    void SelectRow(int row) override { selectedRow = row; }
+    void SortRows(int mode, bool orderFlag) override { sorts.push_back({mode, orderFlag}); }
+    void StatusChanged() override {}
+    void ShowButtons(const BrowserButtonsShown& which) override { buttons = which; }
+    void ShowMenu(const std::vector<BrowserMenuItem>& items, int x, int y) override {
+        menu.clear();
+        for (const auto& item : items) // "command text", "-" for a separator
+            menu.push_back(item.separator ? "-"
+                                          : std::to_string(item.command) + " " + ToUtf8(item.text));
+        menuAt = {x, y};
+    }
+    bool IsShown() override { return shown; }
+    void ShowPlayer() override { ++playerShown; }
+    void PlaySongs(const TrackList& songs, int startIndex) override {
+        played.clear();
+        for (const auto& r : songs)
+            played.push_back(ToUtf8(r->Text(kFieldTitle)));
+        playedStart = startIndex;
+    }
+    void RunLibraryUpdate() override { ++updates; }
+    void SetWaitCursor(bool on) override { waitCursor.push_back(on); }
+
+    std::vector<int> selected;
+    int selectedRow = -2;
+    std::vector<std::pair<int, bool>> sorts;
+    int playerShown = 0, updates = 0;
+    BrowserButtonsShown buttons;
+    std::vector<std::string> menu;
+    std::pair<int, int> menuAt;
+    bool shown = true;
+    std::vector<std::string> played;
+    int playedStart = -1;
+    std::vector<bool> waitCursor;
+};
+
+std::unique_ptr<TrackRecord> Song(std::u16string_view title, std::u16string_view artist,
+                                  std::u16string_view album) {
+    auto r = std::make_unique<TrackRecord>();
+    r->SetField(kFieldPath, u"\\Storage Card\\" + std::u16string(title) + u".mp3");
+    r->SetField(kFieldTitle, title);
+    r->SetField(kFieldArtist, artist);
+    r->SetField(kFieldAlbum, album);
+    return r;
+}
+
+class Browser : public ::testing::Test {
+protected:
+    Browser() {
+        AppValues().language = 0;
+        library.AddTrack(Song(u"d", u"Zed", u"Two"));
+        library.AddTrack(Song(u"a", u"Abba", u"One"));
+        library.AddTrack(Song(u"c", u"Zed", u""));
+        library.AddTrack(Song(u"b", u"abba", u"One"));
+        controller.ShowTopList();
+    }
+    Texts Shown() {
+        Texts out;
+        for (const auto& r : controller.Rows())
+            out.emplace_back(r->Text(1));
+        return out;
+    }
+    Texts Favourites(int n) { return Stored(GetFavoritesPath(n)); }
+    Texts Stored(const std::u16string& path) {
+        PlaylistEntryList list;
+        LoadPlaylist(path, list);
+        Texts out;
+        for (const auto& e : list)
+            out.emplace_back(e->Text(1));
+        return out;
+    }
+    TestDevice device;
+    TrackList library;
+    FakeBrowserView view;
+    RecordingFeedback feedback;
+    BrowserController controller{view, feedback, library};
+};
+
+TEST_F(Browser, ArtistsAreGroupedAndAGroupListsItsSongs) {
+    EXPECT_EQ(Shown(), (Texts{u"All Music", u"Artists", u"Albums", u"Genres", u"My Favourites 1",
+                              u"My Favourites 2", u"My Favourites 3", u"My Favourites 4",
+                              u"My Favourites 5"}));
+    EXPECT_EQ(view.buttons, BrowserButtonsShown{});
+    controller.OnListClick(-1, 1);
+    EXPECT_EQ(controller.Level(), 0);
+    controller.OnListClick(1, 0);
+    EXPECT_EQ(Shown(), (Texts{u"All", u"Abba", u"Zed"}));
+    EXPECT_EQ(controller.StatusLine(), u"Total :  4  songs"); // the library, not the rows
+    EXPECT_EQ(view.buttons, BrowserButtonsShown{});
+    controller.OnListClick(2, 0);
+    EXPECT_EQ(controller.Level(), 2);
+    EXPECT_EQ(Shown(), (Texts{u"d", u"c"}));
+    EXPECT_EQ(controller.StatusLine(), u"Total :  2  songs");
+    EXPECT_EQ(view.buttons, (BrowserButtonsShown{false, true, true}));
+    controller.OnCommand(kCmdUp);
+    EXPECT_EQ(controller.Level(), 1);
+    EXPECT_EQ(view.selectedRow, 2);
+    controller.OnCommand(kCmdUp);
+    EXPECT_EQ(controller.Level(), 0);
+    EXPECT_EQ(view.selectedRow, 1);
+    EXPECT_EQ(view.playerShown, 0);
+    controller.OnCommand(kCmdUp);
+    EXPECT_EQ(view.playerShown, 1);
+}
+
+TEST_F(Browser, TheAllRowOfAlbumsAndGenresWithoutAll) {
+    controller.OnListClick(2, 0);
+    EXPECT_EQ(Shown(), (Texts{u"All", u"Unknown", u"One", u"Two"}));
+    controller.OnListClick(0, 0); // by key 12, equal for all: the album order stays
+    EXPECT_EQ(Shown(), (Texts{u"c", u"a", u"b", u"d"}));
+    EXPECT_EQ(view.waitCursor, (std::vector<bool>{true, false, true, false}));
+    controller.OnCommand(kCmdUp);
+    controller.OnCommand(kCmdUp);
+    controller.OnListClick(1, 0);
+    controller.OnListClick(0, 0); // album order: songs without an album last
+    EXPECT_EQ(Shown(), (Texts{u"a", u"b", u"d", u"c"}));
+    controller.OnCommand(kCmdUp);
+    controller.OnCommand(kCmdUp);
+    controller.OnListClick(3, 0);
+    EXPECT_EQ(Shown(), Texts{u"Unknown"}); // no "All" under Genres
+}
+
+TEST_F(Browser, SongRowsPlayOnlyOnAConfirmingChoice) {
+    controller.OnColumnClick(0); // the top list keeps its order
+    controller.OnListClick(0, 0);
+    controller.OnColumnClick(0);
+    controller.OnColumnClick(0);
+    EXPECT_EQ(view.sorts, (std::vector<std::pair<int, bool>>{{0, true}, {0, false}}));
+    controller.OnDoubleClick(0); // the tap that opened All Music started this double tap
+    EXPECT_TRUE(view.played.empty());
+    EXPECT_EQ(Shown(), (Texts{u"a", u"b", u"c", u"d"}));
+    controller.OnListClick(2, 0);
+    EXPECT_TRUE(view.played.empty());
+    controller.OnDoubleClick(2);
+    EXPECT_EQ(view.played, (std::vector<std::string>{"a", "b", "c", "d"}));
+    EXPECT_EQ(view.playedStart, 2);
+    controller.OnListClick(1, 1);
+    EXPECT_EQ(view.playedStart, 1);
+}
+
+TEST_F(Browser, PlaySelectedAndUpdateNeedSomethingToActOn) {
+    controller.OnCommand(kCmdPlaySelected);
+    controller.OnListClick(0, 0);
+    controller.OnCommand(kCmdPlaySelected);
+    EXPECT_EQ(feedback.beeps, 2);
+    view.selected = {1, 3};
+    controller.OnCommand(kCmdPlaySelected);
+    EXPECT_EQ(view.played, (std::vector<std::string>{"b", "d"}));
+    EXPECT_EQ(view.playedStart, 0);
+    controller.OnCommand(kCmdUpdateLibrary);
+    view.shown = false;
+    controller.OnCommand(kCmdUpdateLibrary);
+    EXPECT_EQ(view.updates, 1);
+    EXPECT_EQ(feedback.beeps, 3);
+    controller.OnCommand(kCmdHandOn);
+    EXPECT_EQ(view.playerShown, 1);
+}
+
+TEST_F(Browser, FavouritesMenuAddsToTheListTapped) {
+    controller.OnCommand(kCmdFavourites);
+    EXPECT_EQ(feedback.beeps, 1);
+    controller.OnListClick(0, 0);
+    view.selected = {0};
+    controller.OnCommand(kCmdFavourites);
+    ASSERT_EQ(view.menu.size(), 5u);
+    EXPECT_EQ(view.menu[4], "10005 My Favourites 5");
+    EXPECT_EQ(view.menuAt, (std::pair<int, int>{-1, -1})); // under the button
+    controller.OnCommand(kCmdAddToFavouritesFirst);
+    controller.OnCommand(kCmdAddToFavouritesFirst); // without a menu: favourites numbering
+    EXPECT_EQ(Favourites(0), Texts(2, u"\\Storage Card\\a.mp3"));
+    controller.OnCommand(kCmdAddToFavouritesFirst + 5); // no menu names a sixth list
+    controller.OnCommand(kCmdAddToPlaylistLast);
+    EXPECT_EQ(feedback.beeps, 3);
+}
+
+TEST_F(Browser, ContextMenuListsThePlaylistFilesByName) {
+    controller.OnContextMenu(0);
+    EXPECT_TRUE(view.menu.empty()); // category rows have no menu
+    device.WriteFile(u"\\Flash Disk\\Zelvor\\My Playlists\\zoo.mpl", "");
+    device.WriteFile(u"\\Flash Disk\\Zelvor\\My Playlists\\Alpha.mpl", "");
+    device.WriteFile(u"\\Flash Disk\\Zelvor\\My Playlists\\My Favorites 1.mpl", "");
+    controller.OnListClick(4, 0); // favourites 1 is open: not offered
+    controller.OnCommand(kCmdUp);
+    controller.OnListClick(0, 0);
+    controller.OnContextMenu(0x00C80032);
+    EXPECT_EQ(view.menuAt, (std::pair<int, int>{50, 200}));
+    EXPECT_EQ(view.menu,
+              (std::vector<std::string>{"10000 Add to new playlist...", "-", "10001 Alpha",
+                                        "10002 My Favorites 1", "10003 zoo"}));
+    view.selected = {3};
+    controller.OnCommand(kCmdAddToFavouritesFirst); // "Alpha", not favourites 1
+    EXPECT_EQ(Stored(u"\\Flash Disk\\Zelvor\\My Playlists\\Alpha.mpl"),
+              Texts{u"\\Storage Card\\d.mp3"});
+    EXPECT_TRUE(Favourites(0).empty());
+}
+
+TEST_F(Browser, OpenFavouritesListCanLoseSongs) {
+    PlaylistEntryList list;
+    list.Insert(std::make_unique<PlaylistEntry>(u"\\Storage Card\\c.mp3"));
+    list.Insert(std::make_unique<PlaylistEntry>(u"\\Storage Card\\a.mp3"));
+    device.Fs().CreateDirectory(u"\\Flash Disk\\Zelvor\\My Playlists");
+    SavePlaylist(GetFavoritesPath(0), list);
+    controller.OnListClick(4, 0);
+    controller.Reload();
+    EXPECT_EQ(Shown(), (Texts{u"c", u"a"}));
+    EXPECT_EQ(controller.OpenFavourites(), 0);
+    EXPECT_EQ(view.buttons, (BrowserButtonsShown{true, false, true}));
+    controller.OnCommand(kCmdDeleteSongs);
+    EXPECT_EQ(feedback.beeps, 1);
+    view.selected = {0};
+    controller.OnCommand(kCmdDeleteSongs);
+    EXPECT_EQ(Shown(), Texts{u"a"});
+    EXPECT_EQ(Favourites(0), Texts{u"\\Storage Card\\a.mp3"});
+    EXPECT_EQ(view.selectedRow, 0);
+    controller.OnCommand(kCmdUp);
+    controller.OnCommand(kCmdDeleteSongs); // no list open
+    controller.OnCommand(kCmdRename);
+    EXPECT_EQ(feedback.beeps, 3);
+}
+
+TEST_F(Browser, DropAndReloadFollowTheLibrary) {
+    controller.OnListClick(1, 0);
+    controller.OnListClick(1, 0);
+    controller.DropContents();
+    EXPECT_EQ(controller.Rows().Count(), 0);
+    EXPECT_FALSE(controller.SongsShown());
+    library.AddTrack(Song(u"e", u"Eve", u"One"));
+    controller.Reload();
+    EXPECT_EQ(controller.Level(), 1);
+    EXPECT_EQ(Shown(), (Texts{u"All", u"Abba", u"Eve", u"Zed"}));
+    controller.ShowStatusText(u"Searching for files...");
+    EXPECT_EQ(controller.StatusLine(), u"Searching for files...");
+    controller.ShowStatusText(u"");
+    EXPECT_EQ(controller.StatusLine(), u"Total :  5  songs");
+}
+
+} // namespace
+} // namespace zelvor
