@@ -86,9 +86,11 @@ TEST(MessageText, CutAt127Units) {
     EXPECT_EQ(CutMessageText(longText.substr(0, 127)).size(), 127u);
     EXPECT_EQ(CutMessageText(u"short"), u"short");
     // A pair split by the cut loses its high half as well.
-    std::u16string pairAtCut(126, u'x');
-    pairAtCut += u"\U0001F3B5";
-    EXPECT_EQ(CutMessageText(pairAtCut), std::u16string(126, u'x'));
+    for (char16_t high : {u'\xD800', u'\xDBFF'}) {
+        std::u16string pairAtCut(126, u'x');
+        pairAtCut += {high, u'\xDC00', u'y'};
+        EXPECT_EQ(CutMessageText(pairAtCut), std::u16string(126, u'x'));
+    }
     std::u16string pairBefore(125, u'x');
     pairBefore += u"\U0001F3B5y";
     EXPECT_EQ(CutMessageText(pairBefore), pairBefore.substr(0, 127));
