@@ -78,6 +78,10 @@ public:
     // Cancel: ends the running loop at its next test; thread- and signal-safe.
     void RequestCancel();
     bool Stopped() const { return m_stopped; }
+    bool CancelAsked() const { return m_cancelAsked; }
+    // The interactive form's pump: the view's Pump, after which cancel-asked
+    // is read and cleared. True when a cancel came in.
+    bool PumpCancelled();
     int Phase() const { return m_phase; }
     void SetPhase(int phase) { m_phase = phase; }
     UpdateView* View() const { return m_view; }
@@ -98,7 +102,6 @@ private:
     };
     bool SearchLevels(std::array<Level, kMaxScanLevels>& levels, int& deepest);
     void SweepFiles(const std::array<Level, kMaxScanLevels>& levels, int deepest);
-    bool PumpCancelled();
     void ShowPosition(int position);
     void ShowCount(std::uint16_t textId, int count);
     bool RestrictedTopLevel() const { return !m_storage[0].empty() || !m_storage[1].empty(); }

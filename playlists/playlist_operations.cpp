@@ -79,13 +79,13 @@ bool FinishRename(std::vector<PlaylistRow>& rows, int row, std::u16string_view n
         if (report)
             feedback.MessageBox(BuiltIn(kTextRenameFailed) + u"\n" +
                                     FormatText(BuiltIn(kTextPlaylistExists), newName),
-                                kMessageBoxOk);
+                                kMbOk);
         return false;
     }
     if (!known || !UsableName(newName) ||
         !CurrentDevice().FileSystem().MoveFile(rows[static_cast<size_t>(row)].path, newPath)) {
         if (report)
-            feedback.MessageBox(BuiltIn(kTextRenameFailed), kMessageBoxOk);
+            feedback.MessageBox(BuiltIn(kTextRenameFailed), kMbOk);
         return false;
     }
     std::u16string found = newPath;
@@ -103,7 +103,7 @@ RowsAfterDeletion DeletePlaylist(std::vector<PlaylistRow>& rows, int row, UserFe
     }
     const PlaylistRow doomed = rows[static_cast<size_t>(row)];
     if (feedback.MessageBox(FormatText(BuiltIn(kTextDeletePlaylistQuestion), doomed.name),
-                            kMessageBoxYesNo) != kMessageBoxYes)
+                            kMbYesNo) != kIdYes)
         return {};
     for (PlaylistRow& other : rows) {
         if (other.number >= doomed.number)
@@ -160,7 +160,7 @@ std::u16string AddToNewPlaylist(std::span<const std::u16string> songPaths, UserF
     PlaylistEntryList list;
     SavePaths(path, list, songPaths);
     const std::u16string_view name = FileNameOfPath(fileName, true);
-    feedback.MessageBox(FormatText(BuiltIn(kTextAddTo), name), kMessageBoxOk);
+    feedback.MessageBox(FormatText(BuiltIn(kTextAddTo), name), kMbOk);
     return path;
 }
 

@@ -18,12 +18,9 @@
 #include <string_view>
 #include <vector>
 
-namespace zelvor {
+#include "res/message_box.h"
 
-// Message box types and the answer "yes" (the device's MB_OK, MB_YESNO, IDYES).
-constexpr int kMessageBoxOk = 0;
-constexpr int kMessageBoxYesNo = 4;
-constexpr int kMessageBoxYes = 6;
+namespace zelvor {
 
 // The user's side of an operation. The UI implements it with the message
 // dialog and the host's sounds; tests record the calls.

@@ -59,7 +59,7 @@ TEST_F(PlaylistOperations, RenameRefusesAnExistingNameIgnoringCase) {
     EXPECT_EQ(
         feedback.messages,
         std::vector<std::string>{"Rename Failed !\nA playlist named 'MORNING' already exists."});
-    EXPECT_EQ(feedback.types[0], kMessageBoxOk);
+    EXPECT_EQ(feedback.types[0], kMbOk);
     EXPECT_TRUE(FinishRename(rows, 0, u"Drive", true, feedback));
     EXPECT_EQ(rows[0].name, u"Drive");
     EXPECT_EQ(rows[0].path, InFolder(u"Drive"));
@@ -92,12 +92,12 @@ TEST_F(PlaylistOperations, DeleteSelectsTheSamePositionOrTheNewLastRow) {
             EXPECT_EQ(rows[i].number, static_cast<int>(i)); // numbers stay in step
     }
     EXPECT_EQ(feedback.messages[0], "'C'\nDo you want to delete this playlist ?");
-    EXPECT_EQ(feedback.types[0], kMessageBoxYesNo);
+    EXPECT_EQ(feedback.types[0], kMbYesNo);
 }
 
 TEST_F(PlaylistOperations, DeleteKeepsEverythingOnNo) {
     auto rows = Rows({u"Road"});
-    feedback.answers = {kMessageBoxOk};
+    feedback.answers = {kMbOk};
     EXPECT_FALSE(DeletePlaylist(rows, 0, feedback).deleted);
     EXPECT_TRUE(Exists(InFolder(u"Road")));
     EXPECT_FALSE(DeletePlaylist(rows, 1, feedback).deleted);

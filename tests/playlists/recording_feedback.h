@@ -21,7 +21,7 @@ public:
         messages.push_back(ToUtf8(text));
         types.push_back(type);
         if (answers.empty())
-            return kMessageBoxYes;
+            return kIdYes;
         const int answer = answers.front();
         answers.pop_front();
         return answer;

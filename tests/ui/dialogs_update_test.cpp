@@ -1,0 +1,108 @@
+// The update dialog: when the update starts, how it ends, and its bar.
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QTimer>
+
+#include "app/local_text.h"
+#include "res/string_table.h"
+#include "tests/ui/dialogs_update_fixture.h"
+#include "ui/dialogs/dialog_results.h"
+
+namespace zelvor {
+namespace {
+
+class UpdateDialog : public ::testing::Test {
+protected:
+    testing::UpdateDialogRig rig;
+};
+
+TEST_F(UpdateDialog, NeverPaintedNeverScans) {
+    auto dialog = rig.MakeDialog();
+    testing::SpinEvents(800); // well past the half second after a first paint
+    EXPECT_EQ(dialog->Phase(), 0);
+    EXPECT_EQ(rig.built, 0);
+}
+
+TEST_F(UpdateDialog, RunsAfterItsFirstPaintAndShowsSuccessBeforeClosing) {
+    auto dialog = rig.MakeDialog();
+    bool visibleWhenBuilding = true;
+    rig.onBuild = [&](int) { visibleWhenBuilding = visibleWhenBuilding && dialog->isVisible(); };
+    const QString success = QString::fromStdU16String(
+        std::u16string(LoadLocalText(kLocalTextFileName, 0, kTextLibraryUpdated)));
+    bool successShown = false;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, [&] {
+        auto* message = static_cast<QLabel*>(dialog->Item(kIdUpdateMessage));
+        successShown = successShown || (dialog->isVisible() && message->text() == success);
+    });
+    watch.start(20);
+    // The finish's own OK is followed by the end as Cancel.
+    EXPECT_EQ(dialog->DoModal(), kIdCancel);
+    EXPECT_TRUE(successShown);
+    EXPECT_TRUE(visibleWhenBuilding);
+    EXPECT_EQ(dialog->Phase(), 3);
+    EXPECT_EQ(dialog->Results().Count(), 3);
+}
+
+TEST_F(UpdateDialog, CancelBeforeTheStartClosesAtOnceAndScansNothing) {
+    auto dialog = rig.MakeDialog();
+    testing::UpdateDialogRig::PostKey(*dialog, Qt::Key_Escape);
+    EXPECT_EQ(dialog->DoModal(), kIdCancel);
+    testing::SpinEvents(800); // a start already on its way finds the dialog closed
+    EXPECT_EQ(dialog->Phase(), 0);
+    EXPECT_EQ(rig.built, 0);
+    EXPECT_EQ(dialog->Results().Count(), 0);
+}
+
+TEST_F(UpdateDialog, CancelWhileAddingKeepsTheRecordsSoFar) {
+    auto dialog = rig.MakeDialog();
+    rig.onBuild = [&](int count) {
+        if (count == 1)
+            testing::UpdateDialogRig::PostKey(*dialog, Qt::Key_Escape); // seen at the next pump
+    };
+    EXPECT_EQ(dialog->DoModal(), kIdCancel);
+    EXPECT_EQ(dialog->Phase(), 2);
+    EXPECT_EQ(dialog->Results().Count(), 1);
+}
+
+TEST_F(UpdateDialog, EnterOnlyStopsWhileAdding) {
+    auto dialog = rig.MakeDialog();
+    rig.onBuild = [&](int count) {
+        if (count == 1)
+            testing::UpdateDialogRig::PostKey(*dialog, Qt::Key_Return);
+    };
+    EXPECT_EQ(dialog->DoModal(), kIdCancel); // stopped, then ended as Cancel
+    EXPECT_EQ(dialog->Results().Count(), 1);
+}
+
+TEST_F(UpdateDialog, PercentBarWrapsAndAZeroSpanNeitherShowsNorPumps) {
+    auto dialog = rig.MakeDialog();
+    auto* bar = dialog->findChild<QProgressBar*>();
+    int endings = 0;
+    QObject::connect(dialog.get(), &QDialog::finished, [&] { ++endings; });
+
+    dialog->SetUpdateRange(0, 50, true);
+    dialog->InitUpdateProgress();
+    EXPECT_EQ(dialog->SetUpdateProgress(75), 1);
+    EXPECT_EQ(bar->value(), 50); // 150 % wraps
+    EXPECT_FALSE(dialog->ProgressFinished());
+
+    testing::UpdateDialogRig::PostKey(*dialog, Qt::Key_Escape); // waits for a pump
+    dialog->SetUpdateRange(7, 7, true);
+    dialog->InitUpdateProgress();
+    EXPECT_EQ(dialog->SetUpdateProgress(3), 0);
+    EXPECT_EQ(endings, 0); // not pumped: the Escape still waits
+
+    dialog->SetUpdateRange(0, 50, true);
+    dialog->InitUpdateProgress();
+    EXPECT_EQ(dialog->SetUpdateProgress(50), 0); // the pump brought the Escape in
+    EXPECT_EQ(bar->value(), 100);
+    EXPECT_TRUE(dialog->ProgressFinished());
+    EXPECT_EQ(endings, 1);
+    EXPECT_EQ(dialog->SetUpdateProgress(10), 1); // cancel-asked was cleared by that pump
+}
+
+} // namespace
+} // namespace zelvor
