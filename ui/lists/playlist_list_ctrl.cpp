@@ -33,8 +33,13 @@ CPlaylistListCtrl::CPlaylistListCtrl(PlaylistEntryList& rows, QWidget* parent)
     setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     // Scrolling while dragging is done here, one line per move outside.
     setAutoScroll(false);
+    // Lets a press on a row that is already selected keep the selection
+    // until the release, so that a drag can start from it. No drag and drop
+    // ever starts: moves after a press on a row are handled here.
+    setDragEnabled(true);
     setFrameShape(QFrame::Box);
-    setLineWidth(1);
+    setFrameShadow(QFrame::Plain);
+    setLineWidth(1); // the 1-pixel border the column widths allow for
     m_header->setModel(m_model);
     m_header->setSectionsClickable(true);
     m_header->setStretchLastSection(true);
@@ -149,6 +154,11 @@ void CPlaylistListCtrl::closeEditor(QWidget* editor, QAbstractItemDelegate::EndE
         entry->SetText(1, m_editedText.toStdU16String());
         m_model->RowChanged(row);
     }
+}
+
+void CPlaylistListCtrl::SetDragDisabled(bool disabled) {
+    m_dragDisabled = disabled;
+    setDragEnabled(!disabled);
 }
 
 void CPlaylistListCtrl::SetSortMode(int mode, bool orderFlag) {

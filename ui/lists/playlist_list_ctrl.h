@@ -56,7 +56,7 @@ public:
     void EditLabel(int index);
     // The text of the rename that just ended; a null QString when cancelled.
     QString EditedText() const { return m_editedText; }
-    void SetDragDisabled(bool disabled) { m_dragDisabled = disabled; }
+    void SetDragDisabled(bool disabled);
     void SetSortMode(int mode, bool orderFlag);
     int SortMode() const { return m_sortMode; }
     bool SortOrderFlag() const { return m_sortOrderFlag; }

@@ -22,7 +22,7 @@ int PlaylistListModel::rowCount(const QModelIndex& parent) const {
 
 QVariant PlaylistListModel::data(const QModelIndex& index, int role) const {
     if ((role != Qt::DisplayRole && role != Qt::EditRole) ||
-        !checkIndex(index, CheckIndexOption::IndexIsValid))
+        !index.isValid())
         return {};
     const PlaylistEntry* entry = m_rows.At(index.row());
     if (entry == nullptr)
@@ -38,11 +38,12 @@ QVariant PlaylistListModel::headerData(int section, Qt::Orientation orientation,
 }
 
 Qt::ItemFlags PlaylistListModel::flags(const QModelIndex& index) const {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!index.isValid())
         return Qt::NoItemFlags;
     // Editable only through the control's EditLabel: it has no edit triggers.
+    // "Drag enabled" only keeps a selection pressed on (see the control).
     return Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsEditable |
-           Qt::ItemNeverHasChildren;
+           Qt::ItemIsDragEnabled | Qt::ItemNeverHasChildren;
 }
 
 } // namespace zelvor

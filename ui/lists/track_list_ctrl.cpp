@@ -33,7 +33,8 @@ CTrackListCtrl::CTrackListCtrl(TrackList& tracks, QWidget* parent)
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTextElideMode(Qt::ElideRight);
     setFrameShape(QFrame::Box);
-    setLineWidth(1);
+    setFrameShadow(QFrame::Plain);
+    setLineWidth(1); // the 1-pixel border the column widths allow for
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(QHeaderView::Interactive);
     header()->setSectionsClickable(true);
@@ -61,7 +62,10 @@ void CTrackListCtrl::FitColumn() {
     if (m_model->columnCount() == 0)
         return;
     const int rowHeight = std::max(sizeHintForRow(0), fontMetrics().height());
-    const int perPage = RowsPerPage(viewport()->height(), rowHeight, false);
+    // From the frame's inside, not the viewport, so that a list not yet
+    // shown (whose viewport is not placed) fits the same.
+    const int headerHeight = isHeaderHidden() ? 0 : header()->sizeHint().height();
+    const int perPage = RowsPerPage(contentsRect().height() - headerHeight, rowHeight, false);
     const int width = OneColumnWidth(this->width(), m_tracks.Count(), perPage, ScrollBarWidth());
     if (columnWidth(0) != width)
         setColumnWidth(0, width);

@@ -94,7 +94,7 @@ int TrackListModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant TrackListModel::data(const QModelIndex& index, int role) const {
-    if (role != Qt::DisplayRole || !checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (role != Qt::DisplayRole || !index.isValid())
         return {};
     const TrackRecord* record = m_tracks.TrackAt(index.row());
     return record != nullptr ? QVariant(CellText(*record, index.column())) : QVariant();
