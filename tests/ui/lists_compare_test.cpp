@@ -75,19 +75,19 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(SortPlaylistEntries, IsStableAndKeepsUnlinkedEntriesInTheirOrder) {
     PlaylistEntryList list;
-    for (const Entry& e : {Entry{-1, u"u1"}, Entry{0, u"b"}, Entry{-1, u"u2"}, Entry{0, u"a"},
-                           Entry{-1, u"u3"}})
+    for (const Entry& e : {Entry{-1, u"u1"}, Entry{0, u"b", u"1"}, Entry{-1, u"u2"},
+                           Entry{0, u"a"}, Entry{-1, u"u3"}, Entry{0, u"b", u"2"}})
         list.Insert(Make(e));
     const auto texts = [&] {
         std::u16string all;
         for (const auto& entry : list)
-            all += std::u16string(entry->Text(1)) + u",";
+            all += std::u16string(entry->Text(1)) + std::u16string(entry->Text(2)) + u",";
         return all;
     };
     SortPlaylistEntries(list, 0, true);
-    EXPECT_EQ(texts(), u"u1,u2,u3,a,b,");
+    EXPECT_EQ(texts(), u"u1,u2,u3,a,b1,b2,");
     SortPlaylistEntries(list, 0, false);
-    EXPECT_EQ(texts(), u"b,a,u1,u2,u3,");
+    EXPECT_EQ(texts(), u"b1,b2,a,u1,u2,u3,");
     EXPECT_FALSE(list.Changed());
 }
 

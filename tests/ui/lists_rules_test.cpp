@@ -39,6 +39,7 @@ TEST(HeadingClick, AnotherColumnStartsAtAToZAndTheSameColumnFlips) {
 TEST(DragRows, FromTheTopRowToTopPlusAPageCutToTheList) {
     EXPECT_EQ(DragPageRows(4, 10, 100), (RowRange{4, 14}));
     EXPECT_EQ(DragPageRows(4, 10, 12), (RowRange{4, 11}));
+    EXPECT_EQ(DragPageRows(0, 10, 100), (RowRange{0, 10}));
     EXPECT_EQ(DragPageRows(0, 10, 0).last, -1);
 }
 
@@ -61,6 +62,9 @@ INSTANTIATE_TEST_SUITE_P(
     Cases, AutoScroll,
     ::testing::Values(
         ScrollCase{"Inside", 199, 99, true, true, {}},
+        ScrollCase{"InsideAtTheOrigin", 0, 0, true, true, {}},
+        ScrollCase{"TopEdgeIsNotAbove", 250, 0, true, true, {LineDown}},
+        ScrollCase{"LeftEdgeIsNotLeft", 0, 120, true, true, {LineDown, LineDown}},
         ScrollCase{"Below", 10, 100, true, false, {LineDown}},
         ScrollCase{"Above", 10, -1, true, false, {LineUp}},
         ScrollCase{"BelowWithoutBar", 10, 150, false, false, {}},
