@@ -43,4 +43,10 @@ std::vector<std::unique_ptr<PlaylistEntry>> PlaylistEntryList::RemoveAll(bool de
     return released;
 }
 
+void PlaylistEntryList::StableSort(
+    const std::function<bool(const PlaylistEntry&, const PlaylistEntry&)>& before) {
+    std::stable_sort(m_entries.begin(), m_entries.end(),
+                     [&](const auto& a, const auto& b) { return before(*a, *b); });
+}
+
 } // namespace zelvor

@@ -6,6 +6,7 @@
 // cleared when the list is emptied) and a current index (-1 after emptying,
 // otherwise whatever its user sets).
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -35,6 +36,12 @@ public:
     // changed flag cleared; an empty list keeps its flag. With destroyEntries
     // the entries are destroyed, otherwise the caller gets them in order.
     std::vector<std::unique_ptr<PlaylistEntry>> RemoveAll(bool destroyEntries = true);
+
+    // Reorders the entries so that `before` holds for no later entry against
+    // an earlier one; entries it does not order keep their order. Neither the
+    // changed flag nor the current index changes. `before` must be a strict
+    // weak order.
+    void StableSort(const std::function<bool(const PlaylistEntry&, const PlaylistEntry&)>& before);
 
     bool Changed() const { return m_changed; }
     int CurrentIndex() const { return m_currentIndex; }

@@ -1,0 +1,163 @@
+// The playlist list control: what it tells its parent, the stylus and the
+// keys, renaming.
+#include <gtest/gtest.h>
+
+#include <QAbstractItemModelTester>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTest>
+
+#include "app/window_messages.h"
+#include "tests/ui/lists_sink.h"
+#include "ui/lists/playlist_list_ctrl.h"
+
+namespace zelvor {
+namespace {
+
+using testing::SendKey;
+using testing::SendMouse;
+
+class PlaylistListCtrlTest : public testing::WidgetApplicationFirst, public ::testing::Test {
+protected:
+    void Make(int rows) {
+        testing::EnsureWidgetApplication();
+        for (int i = 0; i < rows; ++i) {
+            auto entry = std::make_unique<PlaylistEntry>(u"Row " + QString::number(i).toStdU16String());
+            entry->SetLibraryIndex(i);
+            m_rows.Insert(std::move(entry));
+        }
+        m_parent.resize(240, 320);
+        m_list = new CPlaylistListCtrl(m_rows, &m_parent);
+        m_list->setGeometry(8, 50, 224, 244);
+        m_list->SetUp();
+        m_parent.show();
+        m_parent.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_parent));
+        m_list->setFocus();
+    }
+    QWidget* Viewport() const { return m_list->viewport(); }
+    QPoint RowPoint(int row, int x = 20) const {
+        return {x, m_list->visualRect(m_list->model()->index(row, 0)).center().y()};
+    }
+    std::vector<WindowMessage> Messages() { return m_parent.Take(); }
+    // The editor closes from the event loop and goes when deletions run.
+    static void Settle() {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    PlaylistEntryList m_rows;
+    testing::MessageSink m_parent;
+    CPlaylistListCtrl* m_list = nullptr;
+};
+
+TEST_F(PlaylistListCtrlTest, ModelPassesTheModelTester) {
+    Make(5);
+    QAbstractItemModelTester tester(m_list->model(),
+                                    QAbstractItemModelTester::FailureReportingMode::Fatal);
+    m_list->SetSortMode(0, false);
+    m_list->SortRows();
+    EXPECT_EQ(m_list->model()->index(0, 0).data().toString(), "Row 4");
+    EXPECT_EQ(m_list->model()->headerData(0, Qt::Horizontal).toString(), "Title");
+}
+
+TEST_F(PlaylistListCtrlTest, TapsOnRowsPostClickAndDoubleClickButEmptySpaceNothing) {
+    Make(3);
+    QTest::mouseClick(Viewport(), Qt::LeftButton, {}, RowPoint(1));
+    EXPECT_EQ(Messages(), (std::vector<WindowMessage>{{kMsgListClick, 1, 0}}));
+    const QPoint below = RowPoint(2) + QPoint(0, 60);
+    // A double click comes as a click and then the second press.
+    QTest::mouseClick(Viewport(), Qt::LeftButton, {}, below);
+    QTest::mouseDClick(Viewport(), Qt::LeftButton, {}, below);
+    EXPECT_TRUE(Messages().empty());
+    QTest::mouseClick(Viewport(), Qt::LeftButton, {}, RowPoint(2));
+    QTest::mouseDClick(Viewport(), Qt::LeftButton, {}, RowPoint(2));
+    EXPECT_EQ(Messages(), (std::vector<WindowMessage>{{kMsgListClick, 2, 0},
+                                                      {kMsgListDoubleClick, 2, 0}}));
+}
+
+TEST_F(PlaylistListCtrlTest, AHeldArrowPostsOnceWithTheFirstSelectedRow) {
+    Make(5);
+    m_list->SelectOnly(3);
+    SendKey(m_list, QEvent::KeyPress, Qt::Key_Left);
+    for (int i = 0; i < 3; ++i)
+        SendKey(m_list, QEvent::KeyPress, Qt::Key_Left, true);
+    SendKey(m_list, QEvent::KeyRelease, Qt::Key_Left);
+    SendKey(m_list, QEvent::KeyPress, Qt::Key_Right);
+    SendKey(m_list, QEvent::KeyPress, Qt::Key_Right, true);
+    const auto messages = Messages();
+    ASSERT_EQ(messages.size(), 2u);
+    EXPECT_EQ(messages[0], (WindowMessage{kMsgListLeft, 3, 0}));
+    EXPECT_EQ(messages[1].message, kMsgListRight);
+}
+
+TEST_F(PlaylistListCtrlTest, EnterChoosesOnReleaseOnlyAfterItsOwnPress) {
+    Make(5);
+    m_list->SelectOnly(2);
+    SendKey(m_list, QEvent::KeyRelease, Qt::Key_Return);
+    EXPECT_TRUE(Messages().empty());
+    SendKey(m_list, QEvent::KeyPress, Qt::Key_Return);
+    SendKey(m_list, QEvent::KeyRelease, Qt::Key_Return);
+    EXPECT_EQ(Messages(), (std::vector<WindowMessage>{{kMsgListClick, 2, 1}}));
+}
+
+TEST_F(PlaylistListCtrlTest, ADragSelectsExactlyTheTouchedRowsOfTheVisiblePage) {
+    Make(40);
+    m_list->SelectOnly(0);
+    m_list->selectionModel()->select(m_list->model()->index(7, 0), QItemSelectionModel::Select);
+    m_list->verticalScrollBar()->setValue(5);
+    ASSERT_EQ(m_list->TopRow(), 5);
+    SendMouse(Viewport(), QEvent::MouseButtonPress, RowPoint(7));
+    SendMouse(Viewport(), QEvent::MouseMove, RowPoint(10, 60));
+    EXPECT_EQ(m_list->SelectedIndexes(), (std::vector<int>{0, 7, 8, 9, 10}));
+    SendMouse(Viewport(), QEvent::MouseMove, RowPoint(6, 60));
+    EXPECT_EQ(m_list->SelectedIndexes(), (std::vector<int>{0, 6, 7}));
+    SendMouse(Viewport(), QEvent::MouseButtonRelease, RowPoint(6, 60), Qt::NoButton);
+    EXPECT_EQ(m_list->SelectedIndexes(), (std::vector<int>{0, 6, 7}));
+    EXPECT_TRUE(Messages().empty());
+}
+
+TEST_F(PlaylistListCtrlTest, APressOnAnUnselectedRowSelectsItAloneAndDraggingOutScrolls) {
+    Make(40);
+    m_list->SelectOnly(1);
+    SendMouse(Viewport(), QEvent::MouseButtonPress, RowPoint(2));
+    EXPECT_EQ(m_list->SelectedIndexes(), std::vector<int>{2});
+    SendMouse(Viewport(), QEvent::MouseMove, {20, Viewport()->height() + 10});
+    EXPECT_EQ(m_list->TopRow(), 1);
+    SendMouse(Viewport(), QEvent::MouseButtonRelease, {20, Viewport()->height() + 10}, Qt::NoButton);
+}
+
+TEST_F(PlaylistListCtrlTest, AContextRequestIsPassedOnAsASentMessage) {
+    Make(2);
+    m_parent.answer = 5;
+    WindowMessageEvent request({kMsgListContextRequest, 3, 0x00400020});
+    QCoreApplication::sendEvent(m_list, &request);
+    EXPECT_EQ(request.Result(), 5);
+    EXPECT_EQ(m_parent.received, (std::vector<WindowMessage>{{kMsgListContextMenu, 3, 0x00400020}}));
+}
+
+TEST_F(PlaylistListCtrlTest, ARenameAsksTheParentWhichDecidesWhetherTheLabelChanges) {
+    Make(3);
+    for (const std::int32_t answer : {0, 1}) {
+        m_parent.answer = answer;
+        m_list->EditLabel(1);
+        auto* editor = m_list->findChild<QLineEdit*>();
+        ASSERT_NE(editor, nullptr);
+        EXPECT_EQ(editor->text(), "Row 1");
+        editor->setText(QString("Renamed %1").arg(answer));
+        QTest::keyClick(editor, Qt::Key_Return);
+        Settle();
+        EXPECT_EQ(m_parent.received.back(), (WindowMessage{kMsgListEndRename, 1, 0}));
+        EXPECT_EQ(m_list->EditedText(), QString("Renamed %1").arg(answer));
+    }
+    EXPECT_EQ(m_rows.At(1)->Text(1), u"Renamed 1");
+    m_list->EditLabel(2);
+    QTest::keyClick(m_list->findChild<QLineEdit*>(), Qt::Key_Escape);
+    Settle();
+    EXPECT_EQ(m_parent.received.back(), (WindowMessage{kMsgListEndRename, 2, 0}));
+    EXPECT_TRUE(m_list->EditedText().isNull());
+    EXPECT_EQ(m_rows.At(2)->Text(1), u"Row 2");
+}
+
+} // namespace
+} // namespace zelvor

@@ -1,0 +1,55 @@
+#pragma once
+// The parent window of a list control under test: it keeps every window
+// message the list posts or sends it and answers sent ones with `answer`.
+// Also the app and the mouse and key events the tests feed the lists.
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWidget>
+#include <vector>
+
+#include "tests/ui/main_frame_app.h"
+#include "ui/main_frame/window_message_event.h"
+
+namespace zelvor::testing {
+
+class MessageSink : public QWidget {
+public:
+    std::vector<WindowMessage> received;
+    std::int32_t answer = 0;
+
+    std::vector<WindowMessage> Take() {
+        QCoreApplication::processEvents();
+        return std::exchange(received, {});
+    }
+
+protected:
+    bool event(QEvent* event) override {
+        if (event->type() != WindowMessageEvent::EventType())
+            return QWidget::event(event);
+        auto* message = static_cast<WindowMessageEvent*>(event);
+        received.push_back(message->Message());
+        message->SetResult(answer);
+        return true;
+    }
+};
+
+// The first base of a fixture whose members are widgets.
+struct WidgetApplicationFirst {
+    WidgetApplicationFirst() { EnsureWidgetApplication(); }
+};
+
+inline void SendMouse(QWidget* target, QEvent::Type type, QPoint point,
+                      Qt::MouseButtons buttons = Qt::LeftButton) {
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, point, target->mapToGlobal(point), button, buttons, Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &event);
+}
+
+inline void SendKey(QWidget* target, QEvent::Type type, int key, bool autoRepeat = false) {
+    QKeyEvent event(type, key, Qt::NoModifier, QString(), autoRepeat);
+    QCoreApplication::sendEvent(target, &event);
+}
+
+} // namespace zelvor::testing
