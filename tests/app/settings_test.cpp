@@ -197,6 +197,20 @@ TEST(SharedDiskFingerprint, ChangesWithTheMusicAndWithNothingElse) {
     recordBoth();
     dev.WriteFile(u"\\Flash Disk\\b.wma", "two!"); // rewritten in place
     EXPECT_EQ(changed(), std::pair(false, true));
+
+    // Linked folders count as the scan enters them: within the device root,
+    // not leading back to their own path, not out of the root.
+    TempDir outside;
+    std::filesystem::create_directory_symlink(outside.Path(), dev.Host(u"\\Flash Disk\\Out"));
+    dev.WriteFile(u"\\Shared\\d.aac", "four");
+    std::filesystem::create_directory_symlink(dev.Host(u"\\Shared"), dev.Host(u"\\Flash Disk\\In"));
+    std::filesystem::create_directory_symlink(dev.Host(u"\\Flash Disk"), dev.Host(u"\\Shared\\Back"));
+    EXPECT_EQ(changed(), std::pair(false, true));
+    recordBoth();
+    std::ofstream(outside.Path() / "e.mp3") << "five";
+    EXPECT_EQ(changed(), std::pair(false, false));
+    dev.WriteFile(u"\\Shared\\f.mp3", "six");
+    EXPECT_EQ(changed(), std::pair(false, true));
 }
 
 } // namespace
