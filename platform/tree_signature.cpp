@@ -106,9 +106,7 @@ private:
     }
 
     void Visit(const dirent& entry) {
-        std::string_view name = entry.d_name;
-        if (name == "." || name == "..")
-            return;
+        std::string_view name = entry.d_name; // "." and ".." are dot folders, never entered
         const Frame& parent = m_stack.back();
         std::string relative = parent.relative.empty() ? std::string(name)
                                                        : parent.relative + "/" + std::string(name);
