@@ -5,6 +5,7 @@
 #include "platform/device.h"
 #include "platform/text.h"
 #include "res/string_table.h"
+#include "tags/audio_file_type.h"
 
 namespace zelvor {
 namespace {
@@ -36,11 +37,23 @@ std::uint16_t SectionForKind(int storageKind) {
     return storageKind == kStorageCard ? kTextSectionStorageCard : kTextSectionFlashDisk;
 }
 
-std::optional<std::uint64_t> FreeBytesOf(std::u16string_view rootPath) {
+// What is stored as a storage's "free space": a number that changes when,
+// and only when, the music on it may have changed. On a card that is a file
+// system of its own, that is its free space, as on the device. A folder that
+// shares its file system with the rest of the host (the usual card folder,
+// the flash folder, the registry's) sees its free space move with every
+// write anywhere on the machine, so its number is instead the signature of
+// the music files below it, from one walk of its folders (no file opened).
+std::optional<std::uint64_t> FingerprintOf(std::u16string_view rootPath) {
     std::u16string root(rootPath);
     if (!PathExists(root))
         return std::nullopt;
-    auto space = CurrentDevice().FileSystem().GetDiskFreeSpace(root);
+    DeviceFileSystem& fs = CurrentDevice().FileSystem();
+    if (!fs.IsOwnMount(root))
+        return fs.TreeSignature(root, [](std::u16string_view name) {
+            return GetAudioFileType(name) != kNotMusic;
+        });
+    auto space = fs.GetDiskFreeSpace(root);
     if (!space)
         return std::nullopt;
     return space->freeBytesAvailableToCaller;
@@ -133,7 +146,7 @@ bool StorageChanged(int storageKind, std::u16string_view rootPath) {
     const std::uint16_t section = SectionForKind(storageKind);
     const std::uint32_t high = GetProfileNumber(section, kTextEntryFreeSpaceHigh, 0);
     const std::uint32_t low = GetProfileNumber(section, kTextEntryFreeSpaceLow, 0);
-    auto free = FreeBytesOf(rootPath);
+    auto free = FingerprintOf(rootPath);
     if (!free) // gone since the last scan when a value was recorded then
         return high != 0 || low != 0;
     return static_cast<std::uint32_t>(*free >> 32) != high ||
@@ -142,7 +155,7 @@ bool StorageChanged(int storageKind, std::u16string_view rootPath) {
 
 void RecordFreeSpace(int storageKind, std::u16string_view rootPath) {
     const std::uint16_t section = SectionForKind(storageKind);
-    const std::uint64_t free = FreeBytesOf(rootPath).value_or(0);
+    const std::uint64_t free = FingerprintOf(rootPath).value_or(0);
     SetProfileNumber(section, kTextEntryFreeSpaceHigh, static_cast<std::uint32_t>(free >> 32));
     SetProfileNumber(section, kTextEntryFreeSpaceLow, static_cast<std::uint32_t>(free));
 }

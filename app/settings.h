@@ -54,8 +54,10 @@ bool PathExists(std::u16string& path, FindData* record = nullptr);
 int ClassifyStoragePath(std::u16string_view path);
 
 // The free-space fingerprint of a storage root, per storage kind (4 = card,
-// anything else = flash disk): whether the free bytes differ from those
-// recorded at the last scan, and recording them after a scan.
+// anything else = flash disk): whether it differs from the one recorded at
+// the last scan, and recording it after a scan. It is the free bytes of a
+// card that is a mount point of its own, otherwise a signature of the music
+// files below the root (see settings.cpp); 0 for a root that is not there.
 bool StorageChanged(int storageKind, std::u16string_view rootPath);
 void RecordFreeSpace(int storageKind, std::u16string_view rootPath);
 

@@ -3,7 +3,9 @@
 // side in one run, warm cache:
 //   - the search phase against a bare readdir walk of the same tree;
 //   - the whole update against a TagLib walk that reads the same files;
-//   - the finished library's heap use against its records' text bytes.
+//   - the finished library's heap use against its records' text bytes;
+//   - the start-up check's fingerprints of both storages (folders on the
+//     host's disk, so each is a walk that signs the music files below it).
 //
 //   cmake --preset release && cmake --build --preset release --target zelvor_bench_scan
 //   build/release/bin/zelvor_bench_scan
@@ -23,6 +25,7 @@
 #include <taglib/tag.h>
 
 #include "bench/tags_bench_corpus.h"
+#include "app/settings.h"
 #include "library/library_updater.h"
 #include "platform/device.h"
 #include "tags/audio_file_type.h"
@@ -126,6 +129,14 @@ void SearchPhase(benchmark::State& state) {
     }
 }
 
+// What the start-up check pays before it knows whether to rescan.
+void Fingerprints(benchmark::State& state) {
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(StorageChanged(kStorageCard, GetStorageCardRoot()));
+        benchmark::DoNotOptimize(StorageChanged(kStorageFlash, GetFlashDiskRoot()));
+    }
+}
+
 std::unique_ptr<TrackRecord> Build(std::u16string_view path, int type) {
     return BuildTrackRecord(path, type);
 }
@@ -189,6 +200,7 @@ int main(int argc, char** argv) {
 
     benchmark::RegisterBenchmark("scan/bare_readdir_walk", BareWalk)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("scan/search_phase", SearchPhase)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("scan/fingerprints", Fingerprints)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("scan/taglib_walk", TagLibWalk)->Unit(benchmark::kMillisecond)->Iterations(2);
     benchmark::RegisterBenchmark("scan/whole_update", WholeUpdate)->Unit(benchmark::kMillisecond)->Iterations(2);
     benchmark::RunSpecifiedBenchmarks();

@@ -41,10 +41,33 @@ bool IsDotName(std::u16string_view name) {
     return !name.empty() && name.front() == u'.';
 }
 
-// Folders the search never enters: dot-folders, and links, which can lead
-// back to their own ancestors on the host (the device's cards have none).
-bool IsSkippedFolder(const FindData& data) {
-    return IsDotName(data.name) || (data.attributes & kAttrReparsePoint) != 0;
+DeviceFileSystem& Fs() {
+    return CurrentDevice().FileSystem();
+}
+
+// A folder reached through a symbolic link (a music folder linked into the
+// card folder is usual on a host) is entered like any other, unless it is
+// one of the folders on its own path: entering it would go round until the
+// tenth level, which leaves only the root's files. A link that leads out of
+// its root or binding is refused by the file system itself, so it lists
+// nothing and is left out as an empty folder.
+bool LeadsBackToItsPath(std::u16string_view child) {
+    auto target = Fs().Identity(child);
+    if (!target)
+        return true;
+    std::u16string_view folder = child;
+    do {
+        folder = DeviceFolderOf(folder);
+        if (Fs().Identity(folder.empty() ? std::u16string_view(u"\\") : folder) == target)
+            return true;
+    } while (!folder.empty());
+    return false;
+}
+
+// Folders the search never enters: dot-folders, and links back to their path.
+bool IsSkippedFolder(const FindData& data, std::u16string_view child) {
+    return IsDotName(data.name) ||
+           ((data.attributes & kAttrReparsePoint) != 0 && LeadsBackToItsPath(child));
 }
 
 // Calls visit(name) for each NUL-ended name packed in `names`.
@@ -56,10 +79,6 @@ template <typename Visit> void ForEachName(std::u16string_view names, Visit visi
             break;
         names.remove_prefix(end + 1);
     }
-}
-
-DeviceFileSystem& Fs() {
-    return CurrentDevice().FileSystem();
 }
 
 } // namespace
@@ -148,9 +167,11 @@ bool LibraryUpdater::SearchLevels(std::array<Level, kMaxScanLevels>& levels, int
             if (!find)
                 return;
             do {
-                if (!IsDirectory(data) || IsSkippedFolder(data))
+                if (!IsDirectory(data))
                     continue;
                 std::u16string child = ChildOf(folder, data.name);
+                if (IsSkippedFolder(data, child))
+                    continue;
                 bool take = depth == 0 && RestrictedTopLevel()
                                 ? CompareTextIgnoreCase(child, m_storage[0]) == 0 ||
                                       CompareTextIgnoreCase(child, m_storage[1]) == 0
@@ -305,6 +326,14 @@ bool RunInteractiveUpdate(LibraryUpdater& updater) {
 int UpdateLibrarySilently(LibraryUpdater& updater, int mode, std::u16string_view rootPath,
                           const std::atomic<bool>* globalStop) {
     updater.SetView(nullptr);
+    // A storage that is not there holds no tracks: its rescan finds nothing,
+    // so that the caller removes its records. Searching the file-system root
+    // in its place would bring the other storage's tracks in a second time.
+    std::u16string probe(rootPath);
+    if (mode != 1 && !PathExists(probe)) {
+        updater.FoundFiles().RemoveAll();
+        return 1;
+    }
     if (mode == 1)
         updater.SetStorageFolders(GetStorageCardRoot(), GetFlashDiskRoot());
     else

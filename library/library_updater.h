@@ -8,7 +8,9 @@
 // most ten levels deep. The files are then swept from the deepest level up.
 // The deliberate limits of that walk are kept: a level whose names do not fit
 // in the area is cut, and a tree that reaches a tenth level below the root
-// yields only the root's own files.
+// yields only the root's own files. Folders reached through symbolic links
+// are entered like the others, except one that leads back to a folder on its
+// own path (compared by device and inode numbers).
 //
 // Two forms share the rules: the interactive one reports to an UpdateView and
 // pumps it after every folder and file, so Cancel can stop it; the silent one
@@ -138,7 +140,8 @@ bool RunInteractiveUpdate(LibraryUpdater& updater);
 // folders as the top level, 3 the flash folder and 4 the storage card, each
 // given as rootPath. The add phase runs when the search succeeded and
 // neither the run nor the caller (globalStop) has stopped. Returns what the
-// search returned.
+// search returned. In mode 3 or 4 a root that does not exist is a storage
+// that is not there: nothing is searched and 1 is returned with no results.
 int UpdateLibrarySilently(LibraryUpdater& updater, int mode, std::u16string_view rootPath,
                           const std::atomic<bool>* globalStop = nullptr);
 

@@ -449,6 +449,33 @@ std::optional<DiskSpace> DeviceFileSystem::GetDiskFreeSpace(std::u16string_view 
     return space;
 }
 
+bool DeviceFileSystem::IsOwnMount(std::u16string_view path) const {
+    auto host = ToHostPath(path);
+    struct stat folder {};
+    struct stat parent {};
+    if (!host || ::stat(host->c_str(), &folder) != 0 ||
+        ::stat((*host / "..").c_str(), &parent) != 0)
+        return false;
+    // A mount point lies on another device than its parent, or is "/".
+    return folder.st_dev != parent.st_dev || folder.st_ino == parent.st_ino;
+}
+
+std::optional<std::uint64_t> DeviceFileSystem::TreeSignature(std::u16string_view path,
+                                                             const FileNameFilter& counts) const {
+    auto resolved = Resolve(path);
+    if (!resolved)
+        return std::nullopt;
+    return HostTreeSignature(resolved->host, resolved->base, counts);
+}
+
+std::optional<FolderIdentity> DeviceFileSystem::Identity(std::u16string_view path) const {
+    auto host = ToHostPath(path);
+    struct stat st {};
+    if (!host || ::stat(host->c_str(), &st) != 0)
+        return std::nullopt;
+    return FolderIdentity{static_cast<std::uint64_t>(st.st_dev), static_cast<std::uint64_t>(st.st_ino)};
+}
+
 std::unique_ptr<DeviceFile> DeviceFileSystem::OpenFile(std::u16string_view path, FileMode mode,
                                                        bool create) {
     auto host = ToHostPath(path);

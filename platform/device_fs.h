@@ -28,6 +28,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/tree_signature.h"
+
 namespace zelvor {
 
 // Attribute bits as the device's file system reports them.
@@ -83,6 +85,14 @@ enum class FindDetail {
     TypeOnly,   // name, and the directory and reparse-point bits only
 };
 
+// Which folder of the host a device path stands for: its device and inode
+// numbers (links followed).
+struct FolderIdentity {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    bool operator==(const FolderIdentity&) const = default;
+};
+
 struct DiskSpace {
     std::uint64_t freeBytesAvailableToCaller = 0;
     std::uint64_t totalBytes = 0;
@@ -133,6 +143,15 @@ public:
     virtual bool MoveFile(std::u16string_view from, std::u16string_view to);
 
     virtual std::optional<DiskSpace> GetDiskFreeSpace(std::u16string_view path) const;
+    // True when the host folder that stands for the path is a mount point of
+    // its own (a real card), not a folder of a file system it shares.
+    virtual bool IsOwnMount(std::u16string_view path) const;
+    // HostTreeSignature of the host folder that stands for the path, within
+    // the root or binding it lies in; nullopt when it cannot be opened.
+    virtual std::optional<std::uint64_t> TreeSignature(std::u16string_view path,
+                                                       const FileNameFilter& counts) const;
+    // nullopt when the path is refused or names nothing.
+    std::optional<FolderIdentity> Identity(std::u16string_view path) const;
 
     // Opens an existing file; create=true makes it (empty) when missing.
     virtual std::unique_ptr<DeviceFile> OpenFile(std::u16string_view path, FileMode mode,

@@ -251,6 +251,10 @@ std::intptr_t PlaybackEngine::OnGraphNotify() {
         if (Failed(events->GetEvent(&code, &param1, &param2, 0)))
             break;
         events->FreeEventParams(code, param1, param2);
+        if (code == kEcErrorAbort) {
+            TrackFailed();
+            continue;
+        }
         if (code != kEcComplete)
             continue;
 
@@ -271,6 +275,23 @@ std::intptr_t PlaybackEngine::OnGraphNotify() {
         SetPlayState(kPlayStatePlaying);
     }
     return 0;
+}
+
+// A track that fails while it plays (a damaged stream, a read error) gets
+// what a track that cannot be opened gets: a beep, and the next entry. The
+// graph that failed plays no more, so it is released at once and the screen
+// shows Stopped rather than Playing over silence. The queue then advances as
+// at the end of a track, so the end of the list and Repeat keep their
+// meaning; with Repeat One the same entry has no graph left, so Play's own
+// beep follows and playback stops there instead of failing over and over.
+// A failure while paused or stopped only releases the graph: the user did
+// not ask for anything to play.
+void PlaybackEngine::TrackFailed() {
+    const bool wasPlaying = m_state == kPlayStatePlaying;
+    m_view.Beep();
+    StopAndRelease(false);
+    if (wasPlaying && m_queue)
+        m_queue->AdvanceAtEnd();
 }
 
 void PlaybackEngine::SetPlayState(std::int32_t state) {

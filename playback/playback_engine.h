@@ -68,7 +68,9 @@ public:
     void TogglePause();
 
     // The handler of kMsgGraphNotify: drains every queued event, including
-    // those of a graph built while draining. Returns 0.
+    // those of a graph built while draining. The end of a track advances the
+    // queue; a track that fails beeps, is released and, while playing,
+    // advances the queue too. Returns 0.
     std::intptr_t OnGraphNotify();
 
     // Records the state and shows it: buttons, seek thumb, position timer.
@@ -80,6 +82,7 @@ public:
 
 private:
     HResult QuerySlots(MediaGraph& graph);
+    void TrackFailed();
     bool FileExists(std::u16string_view path) const;
 
     MediaGraphFactory& m_factory;

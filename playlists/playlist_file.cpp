@@ -52,10 +52,10 @@ bool ReadPlaylist(DeviceFile& file, std::u16string_view musicFolder, PlaylistEnt
         if (!pathBytes)
             break;
         std::u16string path = LoadUtf16Z(*pathBytes);
-        // An empty path names no file: left out, like an over-long one.
-        if (path.empty())
-            continue;
-        if (path[0] != u'\\')
+        // A length of 0 or 2 (a NUL alone) still makes an entry, as every
+        // entry read whole does. Its path stays empty: joined to the music
+        // folder it would name the folder itself, which is no track.
+        if (!path.empty() && path[0] != u'\\')
             path = JoinDevicePath(musicFolder, path);
         list.Insert(std::make_unique<PlaylistEntry>(path));
     }
@@ -85,9 +85,11 @@ void WritePlaylist(const PlaylistEntryList& list, ByteSink& sink) {
     for (int i = 0; i < count; ++i) {
         const PlaylistEntry* entry = list.At(i);
         std::u16string_view path = entry ? entry->Text(1) : std::u16string_view();
-        // Empty paths are skipped, and so are paths no reader would take.
+        // Empty paths are skipped, and so are paths longer than the writer's
+        // entry buffer holds. A path of 260 characters is written, though the
+        // reader, whose buffer is one character shorter, passes over it.
         const std::size_t length = (path.size() + 1) * 2;
-        if (path.empty() || length > kMaxPlaylistPathBytes)
+        if (path.empty() || path.size() > kMaxWrittenPathChars)
             continue;
         bytes.clear();
         AppendLe16(bytes, static_cast<std::uint16_t>(length));

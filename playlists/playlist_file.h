@@ -22,11 +22,16 @@ namespace zelvor {
 
 constexpr std::u16string_view kPlaylistMagic = u"ZLV10";
 constexpr std::size_t kPlaylistHeaderBytes = 48;
-// The longest stored path in bytes, its NUL included (259 characters).
+// The longest path the reader takes, in bytes with its NUL (259 characters);
+// a longer entry is passed over.
 constexpr std::size_t kMaxPlaylistPathBytes = 520;
+// The longest path the writer writes: its entry buffer holds 524 bytes, the
+// length word and 260 characters with their NUL.
+constexpr std::size_t kMaxWrittenPathChars = 260;
 
 // Empties the list (destroying its entries), then appends one entry per
-// stored path, its text 1 the full path. 0 when the file cannot be opened;
+// stored path, its text 1 the full path (empty for an empty stored path).
+// 0 when the file cannot be opened;
 // otherwise 1, also when the magic does not match (nothing is loaded) and
 // when the file ends early (the entries read so far are kept).
 int LoadPlaylist(std::u16string_view path, PlaylistEntryList& list);

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+
 #include "app/settings.h"
 #include "platform/text.h"
 #include "res/string_table.h"
@@ -157,6 +160,57 @@ TEST_F(Fingerprint, ADifferentFreeByteCountInEitherHalfIsChanged) {
     // whose free bytes are not zero.
     EXPECT_EQ(GetProfileNumber(kTextSectionFlashDisk, kTextEntryFreeSpaceLow, 5), 5u);
     EXPECT_TRUE(StorageChanged(kStorageFlash, u"\\Flash Disk"));
+}
+
+// A card folder that shares the host's file system: its fingerprint follows
+// the music below it, not the disk's free space.
+TEST(SharedDiskFingerprint, ChangesWithTheMusicAndWithNothingElse) {
+    TempDir host;
+    DeviceConfig config;
+    config.card = host.Path() / "card";
+    TestDevice dev(config);
+    dev.WriteFile(u"\\Storage Card\\Album\\a.mp3", "one");
+    dev.WriteFile(u"\\Flash Disk\\b.wma", "two");
+    auto recordBoth = [] {
+        RecordFreeSpace(kStorageCard, GetStorageCardRoot());
+        RecordFreeSpace(kStorageFlash, GetFlashDiskRoot());
+    };
+    auto changed = [] {
+        return std::pair(StorageChanged(kStorageCard, GetStorageCardRoot()),
+                         StorageChanged(kStorageFlash, GetFlashDiskRoot()));
+    };
+    recordBoth();
+    // Writes that are not music, on the card, the flash disk and the disk
+    // they share: the library, the registry, a cover, a dot folder's music.
+    dev.WriteFile(u"\\Flash Disk\\Zelvor\\MusicLib.qdx", std::string(4096, 'x'));
+    SetProfileNumber(u"MP3", u"Volume", 7);
+    dev.WriteFile(u"\\Storage Card\\Album\\cover.jpg", "jpg");
+    dev.WriteFile(u"\\Storage Card\\.trash\\c.mp3", "old");
+    std::ofstream(host.Path() / "elsewhere.bin") << "unrelated";
+    EXPECT_EQ(changed(), std::pair(false, false));
+
+    dev.WriteFile(u"\\Storage Card\\Album\\new.mp3", "three");
+    EXPECT_EQ(changed(), std::pair(true, false));
+    recordBoth();
+    std::filesystem::rename(dev.Host(u"\\Storage Card\\Album"), host.Path() / "card" / "Renamed");
+    EXPECT_EQ(changed(), std::pair(true, false));
+    recordBoth();
+    dev.WriteFile(u"\\Flash Disk\\b.wma", "two!"); // rewritten in place
+    EXPECT_EQ(changed(), std::pair(false, true));
+
+    // Linked folders count as the scan enters them: within the device root,
+    // not leading back to their own path, not out of the root.
+    TempDir outside;
+    std::filesystem::create_directory_symlink(outside.Path(), dev.Host(u"\\Flash Disk\\Out"));
+    dev.WriteFile(u"\\Shared\\d.aac", "four");
+    std::filesystem::create_directory_symlink(dev.Host(u"\\Shared"), dev.Host(u"\\Flash Disk\\In"));
+    std::filesystem::create_directory_symlink(dev.Host(u"\\Flash Disk"), dev.Host(u"\\Shared\\Back"));
+    EXPECT_EQ(changed(), std::pair(false, true));
+    recordBoth();
+    std::ofstream(outside.Path() / "e.mp3") << "five";
+    EXPECT_EQ(changed(), std::pair(false, false));
+    dev.WriteFile(u"\\Shared\\f.mp3", "six");
+    EXPECT_EQ(changed(), std::pair(false, true));
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <set>
 
 #include "app/settings.h"
@@ -137,6 +138,18 @@ TEST_F(LibraryScan, DotFoldersLinksAndHiddenOrSystemFilesAreLeftOut) {
     if (attrs) {
         EXPECT_EQ(updater.Stats().skipped, 2);
     }
+}
+
+TEST_F(LibraryScan, LinkedFoldersAreEnteredUnlessTheyLeaveTheirRoot) {
+    File(u"\\Windows\\Albums\\One\\linked.mp3");
+    fs::create_directory_symlink(dev.Host(u"\\Windows\\Albums"), dev.Host(u"\\Storage Card\\Albums"));
+    // A link back to a folder on its own path, below another link.
+    fs::create_directory_symlink(dev.Host(u"\\Windows\\Albums"),
+                                 dev.Host(u"\\Windows\\Albums\\One\\again"));
+    testing::TempDir outside;
+    std::ofstream(outside.Path() / "escaped.mp3") << "audio";
+    fs::create_directory_symlink(outside.Path(), dev.Host(u"\\Storage Card\\Outside"));
+    EXPECT_EQ(ScanStorage(), std::set<std::u16string>{u"\\Storage Card\\Albums\\One\\linked.mp3"});
 }
 
 std::u16string Chain(int depth) {
@@ -337,6 +350,15 @@ TEST_F(LibraryScan, SilentModesRescanOneStorageAndReplaceOnlyItsRecords) {
     TrackList saved;
     EXPECT_EQ(LoadTrackList(GetLibraryPath(), saved), 1);
     EXPECT_EQ(saved.Count(), 2);
+
+    // The card taken out: its records go, and nothing else is scanned.
+    fs::remove_all(dev.Host(u"\\Storage Card"));
+    LibraryUpdater again(FakeBuild);
+    EXPECT_EQ(UpdateLibrarySilently(again, 4, GetStorageCardRoot()), 1);
+    EXPECT_EQ(again.Results().Count(), 0);
+    ReplaceStorageAfterSilentUpdate(library, again.Results(), 4);
+    ASSERT_EQ(library.Count(), 1);
+    EXPECT_EQ(library.TrackAt(0)->Text(kFieldPath), u"\\Flash Disk\\kept.mp3");
 }
 
 TEST_F(LibraryScan, TheInteractiveReplacementTakesOverEveryRecord) {

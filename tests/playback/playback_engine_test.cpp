@@ -298,7 +298,7 @@ TEST(GraphNotify, SeveralEventsDrainInOneNotificationAndOthersAreIgnored) {
     int notifications = 0;
     rig.engine.SetNotifyHook([&] { ++notifications; }); // reaches every graph
     rig.engine.BuildGraph(rig.Path(0), true);
-    for (std::int32_t code : {kEcErrorAbort, kEcUserAbort, kEcComplete})
+    for (std::int32_t code : {kEcUserAbort, 99, kEcComplete})
         rig.factory.current->QueueEvent(code);
     EXPECT_EQ(notifications, 3);
     rig.engine.OnGraphNotify();
@@ -306,6 +306,27 @@ TEST(GraphNotify, SeveralEventsDrainInOneNotificationAndOthersAreIgnored) {
     int left = 0;
     std::intptr_t p1 = 0, p2 = 0;
     EXPECT_TRUE(Failed(rig.factory.current->GetEvent(&left, &p1, &p2, 0)));
+}
+
+// A track that fails beeps and is released at once; only one that was
+// playing hands over to the queue, whose next track then plays.
+TEST(GraphNotify, AFailedTrackBeepsIsReleasedAndAdvancesOnlyWhilePlaying) {
+    for (bool paused : {false, true}) {
+        SCOPED_TRACE(paused);
+        EngineRig rig({u"a.mp3", u"b.mp3"});
+        rig.queue.playOnAdvance = true;
+        rig.engine.BuildGraph(rig.Path(0), true);
+        if (paused)
+            rig.engine.TogglePause();
+        rig.factory.current->QueueEvent(kEcErrorAbort);
+        const auto calls = rig.CallsOf([&] { rig.engine.OnGraphNotify(); });
+        EXPECT_EQ(std::vector<std::string>(calls.begin(), calls.begin() + 4),
+                  (std::vector<std::string>{"event 3", "free 3", "stop", "wait"}));
+        EXPECT_EQ(rig.view.beeps, 1);
+        EXPECT_EQ(rig.queue.advances, paused ? 0 : 1);
+        EXPECT_EQ(rig.engine.State(), paused ? kPlayStateStopped : kPlayStatePlaying);
+        EXPECT_EQ(rig.slots.Control() != nullptr, !paused);
+    }
 }
 
 TEST(GraphNotify, EventsOfAGraphBuiltWhileDrainingAreHandledInTheSameLoop) {

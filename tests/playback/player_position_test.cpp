@@ -205,17 +205,6 @@ TEST(SeekBar, ReleasingWhilePausedShowsTheTargetAtOnce) {
     EXPECT_EQ(rig.position.Time(), (TimeDisplay{0, 1, 23}));
 }
 
-TEST(SeekBar, APressOnTheBarMovesTheThumbAndCapturesWithoutSeeking) {
-    PlayingRig rig(166 * kSecond, 10 * kSecond);
-    rig.position.PressBar(123);
-    EXPECT_EQ(rig.position.Bar().thumbX, 113);
-    EXPECT_TRUE(rig.view.mouseCaptured);
-    rig.position.Release(123);
-    EXPECT_FALSE(rig.view.mouseCaptured);
-    EXPECT_FALSE(rig.position.Bar().captured);
-    EXPECT_THAT(rig.Seeks(), IsEmpty());
-}
-
 TEST(SeekBar, ABlockedDragIsNotStarted) {
     PlayingRig rig(166 * kSecond, 10 * kSecond);
     rig.position.Bar().drag = kDragBlocked;

@@ -143,19 +143,19 @@ TEST_F(PlaylistFile, OddLengthEndsTheLoad) {
 
 TEST_F(PlaylistFile, PathWithoutNulOrEmptyPathIsHandled) {
     // A path that fills its length without a NUL is taken whole; an entry of
-    // a NUL alone (or of no bytes) names nothing and is left out.
+    // a NUL alone (or of no bytes) is an entry with an empty path.
     device.WriteFile(kFile, MplHeader(4) + U16(4) + "\\\0x\0"s + U16(2) + U16(0) + U16(0) +
                                 MplEntry(u"\\d"));
     PlaylistEntryList list;
     LoadPlaylist(kFile, list);
-    EXPECT_EQ(PathsOf(list), (Paths{u"\\x", u"\\d"}));
+    EXPECT_EQ(PathsOf(list), (Paths{u"\\x", u"", u"", u"\\d"}));
 }
 
-TEST_F(PlaylistFile, WriterLeavesOutPathsNoReaderTakes) {
-    const std::u16string tooLong = u"\\" + std::u16string(259, u'p');
-    auto list = ListOf({tooLong, u"\\b"});
+TEST_F(PlaylistFile, WriterKeepsPathsOfUpTo260Characters) {
+    const std::u16string longest = u"\\" + std::u16string(259, u'p');
+    auto list = ListOf({longest + u"p", longest});
     ASSERT_EQ(SavePlaylist(kFile, list), 1);
-    EXPECT_EQ(device.ReadFile(kFile), MplHeader(2) + MplEntry(u"\\b"));
+    EXPECT_EQ(device.ReadFile(kFile), MplHeader(2) + MplEntry(longest));
 }
 
 TEST_F(PlaylistFile, CountIsTakenAsSixteenBits) {

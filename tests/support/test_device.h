@@ -47,12 +47,14 @@ private:
     std::unique_ptr<ScopedCurrentDevice> m_scope;
 };
 
-// Free space under test control: on the host the registry shares a disk with
-// the "card", so real figures would move with every flush. A folder that
-// does not exist still has no free space.
+// A card of its own (a mount point) with its free space under test control:
+// on the host the registry shares a disk with the "card", so real figures
+// would move with every flush. A folder that does not exist still has no
+// free space.
 class FixedSpaceFileSystem : public DeviceFileSystem {
 public:
     using DeviceFileSystem::DeviceFileSystem;
+    bool IsOwnMount(std::u16string_view) const override { return true; }
     std::optional<DiskSpace> GetDiskFreeSpace(std::u16string_view path) const override {
         if (!DeviceFileSystem::GetDiskFreeSpace(path))
             return std::nullopt;

@@ -23,13 +23,15 @@ void PlayerPointer::PressSeekBar(PixelPoint point) {
     // A hidden thumb (nothing loaded) cannot be moved.
     if (m_player.Buttons().ThumbState() == kDisplayHidden)
         return;
+    // Only the thumb is dragged, and only a drag seeks. A press elsewhere on
+    // the bar moves the thumb there and holds the mouse, so the position
+    // timer leaves it there until the release; then it goes back to where
+    // the track is.
     PlayerPosition& position = m_player.Position();
-    if (!ThumbRect(*m_geometry, position.Bar()).Contains(point))
+    if (ThumbRect(*m_geometry, position.Bar()).Contains(point))
+        position.PressThumb();
+    else
         position.PressBar(point.x);
-    // Either way the thumb is now under the finger: a tap on the bar seeks
-    // there when released, and a slide drags the thumb along.
-    position.PressThumb();
-    m_view.InvalidateSeekThumb();
 }
 
 void PlayerPointer::Move(PixelPoint point) {

@@ -7,8 +7,8 @@
 //            button under the point shows pressed; Next and Previous start
 //            the press-and-hold timer; on the seek bar a press on the thumb
 //            starts a drag, a press elsewhere on the bar moves the thumb
-//            there (holding the mouse) and drags it from there;
-//   move     drags the thumb;
+//            there and holds the mouse, without dragging or seeking;
+//   move     drags the thumb (only a drag started on it);
 //   release  every pressed button returns to normal, and the one under the
 //            point acts (Repeat, Random and display off at once, during the
 //            walk; the others after it); outside every button nothing acts.
