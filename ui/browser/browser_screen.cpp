@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QPaintEvent>
 #include <QPainter>
+#include <algorithm>
 
 #include "app/application_values.h"
 #include "app/settings.h"
@@ -219,8 +220,13 @@ void CBrowserScreen::ShowMenu(const std::vector<BrowserMenuItem>& items, int x, 
     connect(menu, &QMenu::triggered, this,
             [this](QAction* action) { m_controller.OnCommand(action->data().toInt()); });
     const CBitmapButton* under = m_buttons[kBrowserFavourites];
-    const QPoint at = x == -1 && y == -1 ? under->mapToGlobal(QPoint(0, under->height()))
-                                         : QPoint(x, y);
+    QPoint at = x == -1 && y == -1 ? under->mapToGlobal(QPoint(0, under->height())) : QPoint(x, y);
+    // Kept inside the device screen (the frame), which may be a window on a
+    // larger desktop that would let the menu hang over its edge.
+    const QRect screen(window()->mapToGlobal(QPoint()), window()->size());
+    const QSize size = menu->sizeHint();
+    at.setX(std::max(screen.left(), std::min(at.x(), screen.right() + 1 - size.width())));
+    at.setY(std::max(screen.top(), std::min(at.y(), screen.bottom() + 1 - size.height())));
     m_menu = menu;
     menu->popup(at);
 }
