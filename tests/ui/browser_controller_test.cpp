@@ -275,7 +275,10 @@ TEST_F(Browser, UserPlaylistsFollowTheTopRowsAndCanBeRenamedOpenedAndDeleted) {
     controller.OnCommand(kCmdRename);
     view.selected = {4}; // a favourites row is no playlist
     controller.OnCommand(kCmdDelete);
-    EXPECT_EQ(feedback.beeps, 2);
+    view.selected = {11}; // nor is a row past the last
+    controller.OnCommand(kCmdRename);
+    EXPECT_EQ(feedback.beeps, 3);
+    EXPECT_EQ(view.renamed, -1);
     view.selected = {9};
     controller.OnContextMenu(0);
     EXPECT_EQ(view.menu, (std::vector<std::string>{"3001 Rename", "3002 Delete"}));
