@@ -35,6 +35,7 @@
 #include "platform/host/gst_media_graph.h"
 #include "platform/text.h"
 #include "tags/build_track_record.h"
+#include "ui/browser/browser_screen.h"
 #include "ui/main_frame/demo_tour.h"
 #include "ui/main_frame/host_application.h"
 #include "ui/player_screen/player_screen.h"
@@ -161,6 +162,10 @@ int main(int argc, char** argv) {
             AppValues().portrait ? ScreenOrientation::Portrait : ScreenOrientation::Landscape;
         return std::make_unique<CPlayerScreen>(frame, graphs, orientation, PlayerScreenHost{},
                                                parent);
+    };
+    hostOptions.panes.browser = [builder = hostOptions.builder](
+                                    QWidget* parent, FrameMessages& frame, TrackList& library) {
+        return std::make_unique<CBrowserScreen>(frame, library, builder, nullptr, parent);
     };
     HostApplicationShell shell(std::move(hostOptions));
     EndpointInstanceEnvironment environment(device->Root(), options.screen);

@@ -27,6 +27,13 @@ public:
     virtual void ShowMenu() = 0;
     // The player's Hide button: the frame goes to the bottom and hides.
     virtual void HideFrame() = 0;
+
+    // The browser's way back: the player pane shown, the browser hidden.
+    virtual void ShowPlayer() = 0;
+    // The browser plays songs: the player's queue becomes copies of them
+    // with the song at start current, playing starts, and the player is
+    // shown, all under the wait cursor.
+    virtual void PlayFromBrowser(const TrackList& songs, int start) = 0;
 };
 
 class PlayerPane {
@@ -59,6 +66,10 @@ public:
     // Before the browser is shown: the seek-hold and press-and-hold timers
     // are cancelled.
     virtual void CancelHoldTimers() = 0;
+
+    // The browser's songs: the layout refreshed, the queue replaced by copies
+    // of them, the entry that was songs[start] made current and played.
+    virtual void PlayFromBrowser(const TrackList& songs, int start) = 0;
 };
 
 } // namespace zelvor

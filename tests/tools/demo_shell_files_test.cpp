@@ -2,6 +2,7 @@
 // the registry values and the two sounds of "\Windows".
 
 #include "platform/text.h"
+#include "playlists/playlist_file.h"
 #include "res/string_table.h"
 #include "tests/tools/demo_fixture.h"
 #include "tests/tools/media_probe.h"
@@ -142,7 +143,9 @@ TEST_F(DemoShellFiles, SkinsThatExistAreCopiedAndListed) {
         }
     }
     EXPECT_EQ(programFiles,
-              (std::set<std::u16string>{u"Ombrel.txt", u"ZelvorBlue.rcc", u"ZelvorGreen.rcc"}));
+              (std::set<std::u16string>{u"Ombrel.txt", u"ZelvorBlue.rcc", u"ZelvorGreen.rcc",
+                                        u"My Favorites 1.mpl", u"My Favorites 3.mpl",
+                                        u"Road Trip.mpl"}));
     for (const char16_t* name : {u"ZelvorBlue.rcc", u"ZelvorGreen.rcc"}) {
         auto copied =
             ReadDeviceFile(Fs(), JoinDevicePath(Dev().ProgramDirectory(), name));
@@ -155,6 +158,25 @@ TEST_F(DemoShellFiles, SkinsThatExistAreCopiedAndListed) {
     EXPECT_EQ(Fs().GetAttributes(
                   JoinDevicePath(Dev().ProgramDirectory(), u"ZelvorRed.rcc")),
               kInvalidAttributes);
+}
+
+TEST_F(DemoShellFiles, PlaylistsNameMusicOfTheCollection) {
+    std::set<std::u16string> music;
+    for (const auto& row : Rows())
+        if (row.excluded.empty())
+            music.insert(row.path);
+    const std::u16string folder = JoinDevicePath(Dev().ProgramDirectory(), u"My Playlists");
+    for (const char16_t* name : {u"My Favorites 1.mpl", u"My Favorites 3.mpl", u"Road Trip.mpl"}) {
+        auto file = Fs().OpenFile(JoinDevicePath(folder, name), FileMode::Read);
+        ASSERT_TRUE(file) << ToUtf8(name);
+        PlaylistEntryList list;
+        PlaylistHeader header;
+        ASSERT_TRUE(ReadPlaylist(*file, u"", list, &header));
+        EXPECT_TRUE(header.magicMatches);
+        EXPECT_GE(list.Count(), 2);
+        for (const auto& entry : list)
+            EXPECT_EQ(music.count(std::u16string(entry->Text(1))), 1u) << ToUtf8(entry->Text(1));
+    }
 }
 
 } // namespace

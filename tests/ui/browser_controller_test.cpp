@@ -27,7 +27,8 @@ public:
         menu.clear();
         for (const auto& item : items) // "command text", "-" for a separator
             menu.push_back(item.separator ? "-"
-                                          : std::to_string(item.command) + " " + ToUtf8(item.text));
+                                          : std::to_string(item.command) + " " +
+                                                ToUtf8(item.text) + (item.enabled ? "" : " (grey)"));
         menuAt = {x, y};
     }
     bool IsShown() override { return shown; }
@@ -40,11 +41,12 @@ public:
     }
     void RunLibraryUpdate() override { ++updates; }
     void SetWaitCursor(bool on) override { waitCursor.push_back(on); }
+    void StartRename(int row) override { renamed = row; }
 
     std::vector<int> selected;
     int selectedRow = -2;
     std::vector<std::pair<int, bool>> sorts;
-    int playerShown = 0, updates = 0;
+    int playerShown = 0, updates = 0, renamed = -1;
     BrowserButtonsShown buttons;
     std::vector<std::string> menu;
     std::pair<int, int> menuAt;
@@ -252,6 +254,56 @@ TEST_F(Browser, DropAndReloadFollowTheLibrary) {
     EXPECT_EQ(controller.StatusLine(), u"Searching for files...");
     controller.ShowStatusText(u"");
     EXPECT_EQ(controller.StatusLine(), u"Total :  5  songs");
+}
+
+TEST_F(Browser, UserPlaylistsFollowTheTopRowsAndCanBeRenamedOpenedAndDeleted) {
+    const std::u16string folder = u"\\Flash Disk\\Zelvor\\My Playlists\\";
+    PlaylistEntryList list;
+    list.Insert(std::make_unique<PlaylistEntry>(u"\\Storage Card\\c.mp3"));
+    list.Insert(std::make_unique<PlaylistEntry>(u"\\Storage Card\\a.mp3"));
+    device.Fs().CreateDirectory(folder.substr(0, folder.size() - 1));
+    SavePlaylist(folder + u"Road.mpl", list);
+    SavePlaylist(GetFavoritesPath(1), list);
+    device.WriteFile(folder + u"alpha.mpl", "");
+    controller.ShowTopList();
+    ASSERT_EQ(Shown().size(), 11u);
+    EXPECT_EQ(Shown()[4], u"My Favourites 1");
+    EXPECT_EQ((Texts{Shown()[9], Shown()[10]}), (Texts{u"alpha", u"Road"}));
+
+    controller.OnContextMenu(0);
+    EXPECT_EQ(view.menu, (std::vector<std::string>{"3001 Rename (grey)", "3002 Delete (grey)"}));
+    controller.OnCommand(kCmdRename);
+    view.selected = {4}; // a favourites row is no playlist
+    controller.OnCommand(kCmdDelete);
+    view.selected = {11}; // nor is a row past the last
+    controller.OnCommand(kCmdRename);
+    EXPECT_EQ(feedback.beeps, 3);
+    EXPECT_EQ(view.renamed, -1);
+    view.selected = {9};
+    controller.OnContextMenu(0);
+    EXPECT_EQ(view.menu, (std::vector<std::string>{"3001 Rename", "3002 Delete"}));
+    controller.OnCommand(kCmdRename);
+    EXPECT_EQ(view.renamed, 9);
+    EXPECT_FALSE(controller.OnEndRename(9, u"alpha")); // unchanged: nothing said
+    EXPECT_FALSE(controller.OnEndRename(8, u"x"));
+    EXPECT_TRUE(feedback.messages.empty());
+    EXPECT_TRUE(controller.OnEndRename(9, u"Beta"));
+    EXPECT_TRUE(std::filesystem::exists(device.Host(folder + u"Beta.mpl")));
+
+    controller.OnListClick(10, 0);
+    EXPECT_EQ(Shown(), (Texts{u"c", u"a"}));
+    EXPECT_EQ(view.buttons, (BrowserButtonsShown{true, false, true}));
+    view.selected = {1};
+    controller.OnCommand(kCmdDeleteSongs);
+    EXPECT_EQ(Stored(folder + u"Road.mpl"), Texts{u"\\Storage Card\\c.mp3"});
+    controller.OnCommand(kCmdUp);
+    EXPECT_EQ(view.selectedRow, 10);
+
+    view.selected = {10};
+    controller.OnCommand(kCmdDelete);
+    EXPECT_EQ(Shown().size(), 10u);
+    EXPECT_EQ(view.selectedRow, 9);
+    EXPECT_FALSE(std::filesystem::exists(device.Host(folder + u"Road.mpl")));
 }
 
 } // namespace

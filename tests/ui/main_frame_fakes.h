@@ -39,6 +39,10 @@ public:
         calls.push_back("ReplaceQueue");
     }
     void CancelHoldTimers() override { calls.push_back("CancelHoldTimers"); }
+    void PlayFromBrowser(const TrackList& list, int start) override {
+        ReplaceQueue(list);
+        calls.push_back("PlayFromBrowser " + std::to_string(start));
+    }
 
     bool Called(const std::string& name) const {
         for (const auto& c : calls)

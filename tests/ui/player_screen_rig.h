@@ -30,6 +30,8 @@ public:
     void ShowBrowser() override { ++browsers; }
     void ShowMenu() override { ++menus; }
     void HideFrame() override { ++hides; }
+    void ShowPlayer() override {}
+    void PlayFromBrowser(const TrackList&, int) override {}
 
     std::vector<WindowMessage> posted;
     int browsers = 0, menus = 0, hides = 0;

@@ -1,7 +1,9 @@
 #include "tools/zelvor_demo/demo_maker.h"
 
+#include "library/byte_sink.h"
 #include "platform/device.h"
 #include "platform/text.h"
+#include "playlists/playlist_file.h"
 #include "tools/zelvor_demo/device_output.h"
 #include "tools/zelvor_demo/encoding.h"
 #include "tools/zelvor_demo/manifest.h"
@@ -245,6 +247,37 @@ bool WriteShellSettings(Device& device, std::vector<DemoFile>& written, std::str
     return true;
 }
 
+// Two favourites lists and one playlist of the user, so that the browser has
+// lists to open: each names music files of the collection by their paths,
+// picked by their places in it, so every run writes the same bytes.
+bool WritePlaylists(Device& device, std::vector<DemoFile>& written, std::string* error) {
+    std::vector<std::u16string> music;
+    for (const DemoFile& file : written)
+        if (file.excluded.empty())
+            music.push_back(file.path);
+    struct Planned {
+        const char16_t* name;
+        std::vector<std::size_t> picks;
+    };
+    const Planned planned[] = {{u"My Favorites 1.mpl", {0, 4, 8}},
+                               {u"My Favorites 3.mpl", {2, 6}},
+                               {u"Road Trip.mpl", {1, 3, 5, 7, 9, 11}}};
+    const std::u16string folder = JoinDevicePath(device.ProgramDirectory(), u"My Playlists");
+    for (const Planned& playlist : planned) {
+        PlaylistEntryList list;
+        for (std::size_t pick : playlist.picks)
+            if (pick < music.size())
+                list.Insert(std::make_unique<PlaylistEntry>(music[pick]));
+        MemorySink sink;
+        WritePlaylist(list, sink);
+        const std::u16string path = JoinDevicePath(folder, playlist.name);
+        if (!WriteDeviceFile(device.FileSystem(), path, sink.Bytes()))
+            return Fail(error, "cannot write " + ToUtf8(path));
+        written.push_back(ProgramFileEntry(path));
+    }
+    return true;
+}
+
 // The skins are built by another target; copy those that exist.
 bool CopySkins(Device& device, const std::optional<fs::path>& folder,
                std::vector<DemoFile>& written, std::string* error) {
@@ -309,7 +342,7 @@ bool MakeDemoDevice(const DemoOptions& options, std::string* error) {
     std::size_t collectionSize = files.size();
     if (!WriteCollection(deviceFs, files, scratch.Path(), error) ||
         !WriteSounds(deviceFs, collectionSize, scratch.Path(), error) ||
-        !WriteShellSettings(*device, files, error) ||
+        !WriteShellSettings(*device, files, error) || !WritePlaylists(*device, files, error) ||
         !CopySkins(*device, options.skins, files, error) || !WriteManifest(deviceFs, files, error))
         return false;
     guard.Keep();

@@ -54,12 +54,26 @@ void BrowserController::ShowLevel(int level, int selectRow) {
         m_view.SelectRow(selectRow);
 }
 
+// The favourites files have their fixed rows; every other playlist file of
+// the folder gets a row after them, so that it can be opened, renamed and
+// deleted.
 void BrowserController::FillTopRows() {
     m_rows.RemoveAll();
-    for (int row = 0; row < kBrowserTopRows; ++row) {
+    m_playlists.clear();
+    for (const std::u16string& path : PlaylistFilesInFolder()) {
+        bool favourites = false;
+        for (int n = 0; n < kFavouritesLists && !favourites; ++n)
+            favourites = EqualsIgnoreCase(path, GetFavoritesPath(n));
+        if (!favourites)
+            m_playlists.push_back({std::u16string(FileNameOfPath(path, true)), path,
+                                   static_cast<int>(m_playlists.size())});
+    }
+    const int count = kBrowserTopRows + static_cast<int>(m_playlists.size());
+    for (int row = 0; row < count; ++row) {
         auto entry = std::make_unique<PlaylistEntry>(
             row < kFirstFavouritesRow ? std::u16string(LoadAppText(kTextAllMusic + row))
-                                      : FavouritesName(row - kFirstFavouritesRow));
+            : row < kBrowserTopRows   ? FavouritesName(row - kFirstFavouritesRow)
+                                      : m_playlists[static_cast<size_t>(row - kBrowserTopRows)].name);
         entry->SetValueC(row);
         entry->SetValueD(static_cast<std::int16_t>(row));
         m_rows.Insert(std::move(entry));
@@ -69,6 +83,7 @@ void BrowserController::FillTopRows() {
 void BrowserController::ShowTopList() {
     m_groups.clear();
     m_openFavourites = -1;
+    m_openPlaylist.clear();
     FillTopRows();
     ShowLevel(0);
 }
@@ -76,6 +91,7 @@ void BrowserController::ShowTopList() {
 void BrowserController::OpenCategory(int category) {
     m_category = category;
     m_openFavourites = -1;
+    m_openPlaylist.clear();
     UnderWaitCursor(m_view, [&] {
         m_library.SortTracks(kCategoryKeys[category], kAscending);
         if (category == kAllMusic) {
@@ -93,11 +109,23 @@ void BrowserController::OpenCategory(int category) {
 }
 
 void BrowserController::OpenFavouritesList(int n) {
-    m_category = kFirstFavouritesRow + n;
     m_openFavourites = n;
+    OpenPlaylistFile(GetFavoritesPath(n), kFirstFavouritesRow + n);
+}
+
+void BrowserController::ReopenPlaylist() {
+    if (m_openFavourites >= 0)
+        OpenFavouritesList(m_openFavourites);
+    else
+        OpenPlaylistFile(m_openPlaylist, m_category);
+}
+
+void BrowserController::OpenPlaylistFile(const std::u16string& path, int category) {
+    m_category = category;
+    m_openPlaylist = path;
     m_groups.clear();
     // A favourites list never written yet is simply empty.
-    LoadPlaylist(GetFavoritesPath(n), m_rows);
+    LoadPlaylist(path, m_rows);
     MatchPlaylistToLibrary(m_rows, m_library);
     int position = 0;
     for (const auto& row : m_rows) {
@@ -156,6 +184,9 @@ void BrowserController::OnListClick(int row, std::int32_t confirming) {
         OpenCategory(row);
     } else if (m_level == 0 && row < kBrowserTopRows) {
         OpenFavouritesList(row - kFirstFavouritesRow);
+    } else if (m_level == 0 && row - kBrowserTopRows < static_cast<int>(m_playlists.size())) {
+        m_openFavourites = -1;
+        OpenPlaylistFile(m_playlists[static_cast<size_t>(row - kBrowserTopRows)].path, row);
     } else if (m_level == 1) {
         OpenGroup(row);
     }
@@ -229,9 +260,10 @@ void BrowserController::OnCommand(int command) {
         ShowFavouritesMenu();
         return;
     case kCmdRename:
+        RenamePlaylist();
+        return;
     case kCmdDelete:
-        // No playlist rows are ever listed (see OnEndRename).
-        m_feedback.Beep();
+        DeleteSelectedPlaylist();
         return;
     default:
         if (command >= kCmdAddToNewPlaylist && command <= kCmdAddToPlaylistLast)
@@ -240,12 +272,54 @@ void BrowserController::OnCommand(int command) {
     }
 }
 
-bool BrowserController::OnEndRename(int, std::u16string_view) {
-    // The top list has its nine fixed rows and the favourites files keep
-    // their numbered names, so this screen lists no playlist a user could
-    // rename or delete; user playlists are reached as the targets of the
-    // context menu. A label edit that ends anyway is refused.
-    return false;
+int BrowserController::SelectedPlaylist() {
+    if (m_level != 0)
+        return -1;
+    const std::vector<int> selected = m_view.SelectedRows();
+    const int index = selected.size() == 1 ? selected.front() - kBrowserTopRows : -1;
+    return index >= 0 && index < static_cast<int>(m_playlists.size()) ? index : -1;
+}
+
+void BrowserController::RenamePlaylist() {
+    const int index = SelectedPlaylist();
+    if (index < 0)
+        m_feedback.Beep();
+    else
+        m_view.StartRename(kBrowserTopRows + index);
+}
+
+bool BrowserController::OnEndRename(int row, std::u16string_view newName) {
+    // Only playlist rows are ever edited; the favourites keep their numbered
+    // names. A name left as it was is no rename, and no "already exists".
+    const int index = m_level == 0 ? row - kBrowserTopRows : -1;
+    if (index < 0 || index >= static_cast<int>(m_playlists.size()) ||
+        newName == m_playlists[static_cast<size_t>(index)].name)
+        return false;
+    return FinishRename(m_playlists, index, newName, true, m_feedback);
+}
+
+void BrowserController::DeleteSelectedPlaylist() {
+    const int index = SelectedPlaylist();
+    if (index < 0) {
+        m_feedback.Beep();
+        return;
+    }
+    const RowsAfterDeletion result = DeletePlaylist(m_playlists, index, m_feedback);
+    if (!result.deleted)
+        return;
+    FillTopRows();
+    ShowLevel(0, result.selectRow >= 0 ? kBrowserTopRows + result.selectRow : -1);
+}
+
+void BrowserController::ShowPlaylistMenu(std::int32_t packedPoint) {
+    if (m_playlists.empty())
+        return; // the fixed rows have no menu
+    const bool one = SelectedPlaylist() >= 0;
+    const std::vector<BrowserMenuItem> items{
+        {kCmdRename, std::u16string(LoadAppText(kTextRename)), one},
+        {kCmdDelete, std::u16string(LoadAppText(kTextDelete)), one}};
+    const auto point = static_cast<std::uint32_t>(packedPoint);
+    m_view.ShowMenu(items, static_cast<int>(point & 0xFFFF), static_cast<int>(point >> 16));
 }
 
 std::vector<std::u16string> BrowserController::SelectedSongPaths() {
@@ -255,8 +329,7 @@ std::vector<std::u16string> BrowserController::SelectedSongPaths() {
 }
 
 std::u16string BrowserController::OpenPlaylistPath() const {
-    return m_songsShown && m_openFavourites >= 0 ? GetFavoritesPath(m_openFavourites)
-                                                 : std::u16string();
+    return m_songsShown ? m_openPlaylist : std::u16string();
 }
 
 void BrowserController::DeleteSongs() {
@@ -313,36 +386,45 @@ void BrowserController::AddSongs(int command) {
     }
     if (AddToPlaylistFile(target, paths, m_feedback) &&
         EqualsIgnoreCase(target, OpenPlaylistPath()))
-        OpenFavouritesList(m_openFavourites); // show the songs just added
+        ReopenPlaylist(); // show the songs just added
 }
 
-std::vector<std::u16string> BrowserController::PlaylistFilesForMenu() const {
+std::vector<std::u16string> BrowserController::PlaylistFilesInFolder() const {
     const std::u16string folder = GetPlaylistFolder();
-    const std::u16string open = OpenPlaylistPath();
     std::vector<std::u16string> names;
     FindData found;
     auto handle = CurrentDevice().FileSystem().FindFirst(JoinDevicePath(folder, u"*.mpl"), found,
                                                          FindDetail::Attributes);
     for (bool more = handle != nullptr; more; more = handle->Next(found)) {
-        if (!(found.attributes & kAttrDirectory) &&
-            !EqualsIgnoreCase(JoinDevicePath(folder, found.name), open))
+        if (!(found.attributes & kAttrDirectory))
             names.push_back(found.name);
     }
     std::sort(names.begin(), names.end(), [](const std::u16string& a, const std::u16string& b) {
         return CompareTextIgnoreCase(a, b) < 0;
     });
-    const size_t room = kCmdAddToPlaylistLast - kCmdAddToFavouritesFirst + 1;
-    if (names.size() > room)
-        names.resize(room);
     std::vector<std::u16string> paths;
     for (const std::u16string& name : names)
         paths.push_back(JoinDevicePath(folder, name));
     return paths;
 }
 
+std::vector<std::u16string> BrowserController::PlaylistFilesForMenu() const {
+    const std::u16string open = OpenPlaylistPath();
+    std::vector<std::u16string> paths = PlaylistFilesInFolder();
+    std::erase_if(paths, [&](const std::u16string& path) { return EqualsIgnoreCase(path, open); });
+    const size_t room = kCmdAddToPlaylistLast - kCmdAddToFavouritesFirst + 1;
+    if (paths.size() > room)
+        paths.resize(room);
+    return paths;
+}
+
 void BrowserController::OnContextMenu(std::int32_t packedPoint) {
+    if (m_level == 0) {
+        ShowPlaylistMenu(packedPoint);
+        return;
+    }
     if (!m_songsShown)
-        return; // no playlist rows are listed, and other rows have no menu
+        return; // group rows have no menu
     std::vector<BrowserMenuItem> items;
     items.push_back({kCmdAddToNewPlaylist, std::u16string(LoadAppText(kTextAddToNewPlaylist))});
     items.push_back({0, {}, true, true});
@@ -368,10 +450,11 @@ void BrowserController::ShowStatusText(std::u16string_view text) {
 
 BrowserButtonsShown BrowserController::Buttons() const {
     // Up and update are always there. Songs shown can be played and put
-    // into the favourites, or, in a favourites list, taken out of it; group
-    // and category rows are opened by a tap, so they need none of the three.
-    const bool favourites = m_openFavourites >= 0;
-    return {m_songsShown && favourites, m_songsShown && !favourites, m_songsShown};
+    // into the favourites, or, in a favourites list or a playlist, taken out
+    // of it; group and category rows are opened by a tap, so they need none
+    // of the three.
+    const bool playlist = !m_openPlaylist.empty();
+    return {m_songsShown && playlist, m_songsShown && !playlist, m_songsShown};
 }
 
 void BrowserController::ReloadTexts() {
@@ -409,8 +492,8 @@ void BrowserController::Reload() {
     // gone, so its level 1 is shown instead.
     if (m_level == 0)
         m_view.StatusChanged();
-    else if (m_category >= kFirstFavouritesRow)
-        OpenFavouritesList(m_category - kFirstFavouritesRow);
+    else if (!m_openPlaylist.empty())
+        ReopenPlaylist();
     else
         OpenCategory(m_category);
 }

@@ -5,10 +5,18 @@
 // in its list, forwards the list's messages and its buttons' commands here,
 // and implements BrowserView.
 //
-//   level 0  nine rows: All Music, Artists, Albums, Genres, My Favourites 1-5
+//   level 0  nine rows: All Music, Artists, Albums, Genres, My Favourites 1-5;
+//            then one row per user playlist of the playlist folder
 //   level 1  All Music: every song; Artists, Albums, Genres: one row per
-//            group; a favourites row: the songs of that favourites file
+//            group; a favourites or playlist row: the songs of that file
 //   level 2  the songs of the group chosen at level 1
+//
+// User playlists are listed below the nine fixed rows: every "*.mpl" file of
+// the playlist folder except the five favourites files, sorted by name, each
+// row's text the file name without ".mpl". The fixed rows keep their places
+// (and their numbers, which the commands and the favourites depend on), and
+// the playlists "Add to new playlist..." makes become reachable: they open
+// like a favourites list, and their rows alone can be renamed and deleted.
 //
 // The library is borrowed for the controller's life; the rows refer to it
 // by row index, so whoever changes it calls Reload() (or DropContents()
@@ -42,6 +50,8 @@ public:
     bool SongsShown() const { return m_songsShown; }
     // The favourites list shown (0-4), or -1.
     int OpenFavourites() const { return m_openFavourites; }
+    // The user playlists listed after the nine top rows, in their order.
+    const std::vector<PlaylistRow>& Playlists() const { return m_playlists; }
 
     // At creation: the top list, shown at level 0.
     void ShowTopList();
@@ -74,6 +84,13 @@ private:
     void FillTopRows();
     void OpenCategory(int category);
     void OpenFavouritesList(int n);
+    void OpenPlaylistFile(const std::u16string& path, int category);
+    void ReopenPlaylist();
+    int SelectedPlaylist();
+    void ShowPlaylistMenu(std::int32_t packedPoint);
+    void RenamePlaylist();
+    void DeleteSelectedPlaylist();
+    std::vector<std::u16string> PlaylistFilesInFolder() const;
     void OpenGroup(int row);
     void GoUp();
     void Play(const std::vector<int>& rows, int startRow);
@@ -95,6 +112,8 @@ private:
     int m_category = 0;
     int m_group = -1; // the group shown at level 2
     int m_openFavourites = -1;
+    std::vector<PlaylistRow> m_playlists; // the rows after the nine top rows
+    std::u16string m_openPlaylist;        // the file of the songs shown, if any
     bool m_songsShown = false;
     bool m_lastClickOnSong = false;
     bool m_sortAscending = false; // the first heading click sorts A to Z

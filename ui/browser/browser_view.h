@@ -64,6 +64,10 @@ public:
 
     // The system wait cursor on (true) or the previous cursor back (false).
     virtual void SetWaitCursor(bool on) = 0;
+
+    // The in-place edit of the row's text starts, the row made visible; its
+    // end comes back as the controller's OnEndRename.
+    virtual void StartRename(int row) = 0;
 };
 
 } // namespace zelvor

@@ -1,6 +1,8 @@
 #include "ui/main_frame/demo_tour.h"
 
+#include <QApplication>
 #include <QCoreApplication>
+#include <QPainter>
 #include <QDir>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -34,9 +36,10 @@ DemoTour::DemoTour(CMainFrame& frame, QString folder, double pace, QObject* pare
         {"random", [this] { TapButton(kButtonRandomOff); }, 700},
         {"repeat", [this] { TapButton(kButtonRepeatOff); }, 700},
         {"volume", [this] { Key(Qt::Key_Down); Key(Qt::Key_Down); Key(Qt::Key_Down); }, 1500},
-        {"colour", [this] { ChangeColour(); }, 1000},
-        {"landscape", [this] { m_frame.SetScreenSize(QSize(320, 240)); }, 2000},
     };
+    AddBrowserSteps();
+    m_steps.push_back({"colour", [this] { ChangeColour(); }, 1000});
+    m_steps.push_back({"landscape", [this] { m_frame.SetScreenSize(QSize(320, 240)); }, 2000});
 }
 
 void DemoTour::Start() {
@@ -54,6 +57,19 @@ void DemoTour::RunStep(std::size_t index) {
         return;
     }
     m_steps[index].action();
+    if (m_steps[index].until) {
+        WaitUntil(index, 0);
+        return;
+    }
+    QTimer::singleShot(Paced(m_steps[index].settleMs), this, [this, index] { Snapshot(index); });
+}
+
+void DemoTour::WaitUntil(std::size_t index, int waitedMs) {
+    if (!m_steps[index].until() && waitedMs < kQueueWaitLimitMs) {
+        QTimer::singleShot(kQueuePollMs, this,
+                           [this, index, waitedMs] { WaitUntil(index, waitedMs + kQueuePollMs); });
+        return;
+    }
     QTimer::singleShot(Paced(m_steps[index].settleMs), this, [this, index] { Snapshot(index); });
 }
 
@@ -75,12 +91,24 @@ void DemoTour::Snapshot(std::size_t index) {
     const QString file =
         QStringLiteral("%1/%2-%3.png").arg(m_folder).arg(index + 1, 2, 10, QLatin1Char('0'))
             .arg(QLatin1String(m_steps[index].name));
-    if (!m_frame.IsDestroyed() && m_frame.grab().save(file)) {
+    if (!m_frame.IsDestroyed() && Picture().save(file)) {
         m_saved << QStringLiteral("%1: %2").arg(QLatin1String(m_steps[index].name), file);
         std::printf("tour: %s\n", qPrintable(m_saved.back()));
         std::fflush(stdout);
     }
     RunStep(index + 1);
+}
+
+QPixmap DemoTour::Picture() {
+    // A menu or a dialog open over the frame is a window of its own: it is
+    // put into the picture where it lies on the screen.
+    QPixmap picture = m_frame.grab();
+    QPainter painter(&picture);
+    for (QWidget* over : {QApplication::activeModalWidget(), QApplication::activePopupWidget()})
+        if (over && over != &m_frame && over->isVisible())
+            painter.drawPixmap(over->mapToGlobal(QPoint()) - m_frame.mapToGlobal(QPoint()),
+                               over->grab());
+    return picture;
 }
 
 void DemoTour::Key(int qtKey) {

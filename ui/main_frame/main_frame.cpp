@@ -4,11 +4,13 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QScreen>
 #include <QThread>
 
 #include "ui/main_frame/empty_browser_pane.h"
 #include "ui/main_frame/frame_menu.h"
+#include "ui/main_frame/wait_cursor.h"
 #include "ui/main_frame/window_message_event.h"
 #include "ui/skin/skin_module.h"
 
@@ -103,6 +105,18 @@ void CMainFrame::HideFrame() {
     hide();
 }
 
+void CMainFrame::ShowPlayer() {
+    ShowPlayerPane();
+}
+
+void CMainFrame::PlayFromBrowser(const TrackList& songs, int start) {
+    if (!m_player)
+        return;
+    WaitCursor wait(*this);
+    m_player->PlayFromBrowser(songs, start);
+    ShowPlayerPane();
+}
+
 bool CMainFrame::event(QEvent* event) {
     if (event->type() == WindowMessageEvent::EventType()) {
         SendFrameMessage(static_cast<WindowMessageEvent*>(event)->Message());
@@ -117,6 +131,9 @@ bool CMainFrame::event(QEvent* event) {
 
 bool CMainFrame::IsOwnKeyEvent(QObject* watched, QEvent* event) const {
     if (event->type() != QEvent::KeyPress || !watched->isWidgetType())
+        return false;
+    // Escape inside an in-place edit ends the edit, not the screen.
+    if (qobject_cast<QLineEdit*>(watched))
         return false;
     return static_cast<QWidget*>(watched)->window() == this;
 }

@@ -70,6 +70,8 @@ public:
     void ShowBrowser() override;
     void ShowMenu() override;
     void HideFrame() override;
+    void ShowPlayer() override;
+    void PlayFromBrowser(const TrackList& songs, int start) override;
 
     FrameController& Rules() { return m_rules; }
     PlayerPane* PlayerScreen() { return m_player.get(); }

@@ -155,6 +155,28 @@ void CPlayerScreen::ReplaceQueue(const TrackList& list) {
     m_player->Queue().ReplaceQueue(list);
 }
 
+void CPlayerScreen::PlayFromBrowser(const TrackList& songs, int start) {
+    RedoLayout();
+    PlayQueue& queue = m_player->Queue();
+    PlaybackEngine& engine = m_player->Engine();
+    queue.ReplaceQueue(songs);
+    // With Random on the copies were shuffled: the chosen song is the one
+    // whose order number is its place in the browser's list.
+    for (int i = 0; i < queue.EntryCount(); ++i) {
+        std::int64_t order = -1;
+        if (!queue.Entry(i)->GetField(kFieldRunTimeA, order) || order != start)
+            continue;
+        if (i != queue.CurrentIndex()) {
+            engine.StopAndRelease(false);
+            queue.SelectEntry(i);
+            engine.OpenTrack(queue.CurrentPath());
+        }
+        break;
+    }
+    if (queue.EntryCount() > 0)
+        engine.PlayCommand(true);
+}
+
 void CPlayerScreen::CancelHoldTimers() {
     m_control->CancelHoldTimers();
 }

@@ -57,6 +57,7 @@ public:
     int QueueCount() override;
     void ReplaceQueue(const TrackList& list) override;
     void CancelHoldTimers() override;
+    void PlayFromBrowser(const TrackList& songs, int start) override;
 
     Player& GetPlayer() { return *m_player; }
     PlayerScreenControl& Control() { return *m_control; }
