@@ -59,6 +59,13 @@ public:
     // Before the browser is shown: the seek-hold and press-and-hold timers
     // are cancelled.
     virtual void CancelHoldTimers() = 0;
+
+    // For the play list panel: copies of the queue's entries in the
+    // playlist's own order, and an edited copy taken back as the queue (the
+    // current track plays on while the copy still holds it; the queue's
+    // file is written at once).
+    virtual void CopyQueue(TrackList& into) = 0;
+    virtual void ReplaceQueueKeepingCurrent(const TrackList& list) = 0;
 };
 
 } // namespace zelvor

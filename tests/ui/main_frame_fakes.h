@@ -39,6 +39,17 @@ public:
         calls.push_back("ReplaceQueue");
     }
     void CancelHoldTimers() override { calls.push_back("CancelHoldTimers"); }
+    void CopyQueue(TrackList& into) override {
+        for (const auto& path : queue) {
+            auto record = std::make_unique<TrackRecord>();
+            record->SetField(kFieldPath, FromUtf8(path));
+            into.AddTrack(std::move(record));
+        }
+    }
+    void ReplaceQueueKeepingCurrent(const TrackList& list) override {
+        ReplaceQueue(list);
+        calls.back() = "ReplaceQueueKeepingCurrent";
+    }
 
     bool Called(const std::string& name) const {
         for (const auto& c : calls)

@@ -57,6 +57,8 @@ public:
     int QueueCount() override;
     void ReplaceQueue(const TrackList& list) override;
     void CancelHoldTimers() override;
+    void CopyQueue(TrackList& into) override;
+    void ReplaceQueueKeepingCurrent(const TrackList& list) override;
 
     Player& GetPlayer() { return *m_player; }
     PlayerScreenControl& Control() { return *m_control; }
