@@ -99,7 +99,12 @@ protected:
     }
     void mouseReleaseEvent(QMouseEvent* event) override {
         taps.push_back(event->position().toPoint());
+        if (onTap)
+            onTap(taps.back());
     }
+
+public:
+    std::function<void(QPoint)> onTap; // after the tap is recorded
 };
 
 class FakeBrowserScreen final : public QWidget, public RecordingBrowser {

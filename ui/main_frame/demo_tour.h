@@ -1,8 +1,9 @@
 #pragma once
 // A scripted walk through the player for demonstrations and headless
 // checks (`zelvor --tour DIR`): the first start, the library found, play,
-// pause, next, seek, random, repeat, volume, a colour change and the turn to
-// landscape, each done the way a user or the shell would do it (keys and
+// pause, next, seek, random, repeat, volume, a colour change, the turn to
+// landscape, then the play list panel from the Menu button (a row deleted,
+// the list handed on) and again in portrait (left), each done the way a user or the shell would do it (keys and
 // taps on the player pane, the shell's messages to the frame), with a
 // picture of the frame saved after each step as DIR/NN-step.png. At the end
 // the frame is asked to close, as the shell would.
@@ -41,6 +42,8 @@ private:
     void TapButton(int button, double across = 0.5);
     void ChangeColour();
     int Paced(int milliseconds) const;
+    void PanelButton(int command);
+    void PanelDeleteRow(int row);
 
     CMainFrame& m_frame;
     QString m_folder;
