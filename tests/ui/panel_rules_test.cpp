@@ -71,6 +71,7 @@ INSTANTIATE_TEST_SUITE_P(
         DeleteCase{"ThreeInARowTakeFirstAndLast", {3, 4, 5}, {0, 1, 2, 4, 6, 7}},
         // The third search finds nothing and the fourth starts from the top.
         DeleteCase{"FourInARowRestartAfterAMiss", {1, 2, 3, 4}, {0, 4, 5, 6, 7}},
+        DeleteCase{"FirstTwoRows", {0, 1}, {1, 2, 3, 4, 5, 6, 7}},
         DeleteCase{"LastRowAlone", {7}, {0, 1, 2, 3, 4, 5, 6}}),
     [](const auto& info) { return std::string(info.param.name); });
 
