@@ -187,6 +187,11 @@ TEST_F(FrameWidget, TheMenuButtonOpensThePanelOverThePlayerListingTheQueue) {
     EXPECT_EQ(panel->Tracks().Count(), 2);
     EXPECT_EQ(panel->Changed(), 0);
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr); // no menu of its own
+    // Focus handling while it shows gives the keys to the panel's list.
+    QApplication::setActiveWindow(frame.get());
+    player->setFocus();
+    frame->SendFrameMessage({kMsgSetFocus, 0, 0});
+    EXPECT_EQ(QApplication::focusWidget(), &panel->List());
 }
 
 TEST_F(FrameWidget, TheBackKeyWithThePanelOpenClosesOnlyThePanel) {

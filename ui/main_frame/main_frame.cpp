@@ -264,7 +264,10 @@ void CMainFrame::FocusBrowser() {
 }
 
 void CMainFrame::FocusPlayer() {
-    if (m_player)
+    // While the panel covers the player, keys belong to the panel's list.
+    if (m_panel && m_panel->isVisible())
+        m_panel->List().setFocus();
+    else if (m_player)
         m_player->Widget()->setFocus();
 }
 
