@@ -146,6 +146,13 @@ TEST_F(PanelTest, TheListFitsThePaneInBothOrientations) {
     panel->resize(320, 240);
     EXPECT_EQ(panel->List().geometry(), QRect(13, 68, 247, 162));
     EXPECT_EQ(panel->Button(kCmdHandOn)->geometry(), QRect(13, 14, 33, 37));
+    // More rows than a page: the column leaves room for the scroll bar.
+    TrackList many;
+    for (int i = 0; i < 30; ++i)
+        many.AddTrack(std::make_unique<TrackRecord>());
+    panel->ShowTracks(std::move(many));
+    SpinEvents(20);
+    EXPECT_LE(panel->List().columnWidth(0), panel->List().viewport()->width());
     panel->grab().save(QString::fromStdString((ArtifactDir() / "panel-landscape.png").string()));
 }
 

@@ -71,6 +71,7 @@ void CPlayListPanel::ShowTracks(TrackList tracks) {
     m_list->clearSelection();
     m_tracks = std::move(tracks);
     m_list->Reset();
+    m_list->FitColumn(); // the scroll bar comes or goes with the rows
     m_changed = 0;
 }
 
@@ -107,6 +108,7 @@ void CPlayListPanel::ClearAfterQuestion() {
     if (question.DoModal() != kIdOk)
         return; // closed any other way: nothing changes
     m_list->RemoveAllTracks(true);
+    m_list->FitColumn();
     m_changed = 1;
 }
 
@@ -115,6 +117,7 @@ void CPlayListPanel::DeleteSelected() {
     if (rows.SelectedCount() < 1)
         return;
     DeleteSelectedRows(rows);
+    m_list->FitColumn();
     m_changed = 1;
 }
 
