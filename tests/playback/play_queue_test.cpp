@@ -482,6 +482,8 @@ INSTANTIATE_TEST_SUITE_P(
                       HandOverCase{"RemovedWhilePlaying", {2, 3}, true, "e.mp3", "a.mp3", false},
                       HandOverCase{"RemovedStopped", {2}, false, "d.mp3", "e.mp3", false},
                       HandOverCase{"RemovedWithNoneAfter", {2, 3, 4}, true, "a.mp3", "b.mp3",
+                                   false},
+                      HandOverCase{"RemovedWithAllBefore", {0, 1, 2}, true, "d.mp3", "e.mp3",
                                    false}),
     [](const auto& info) { return std::string(info.param.name); });
 
@@ -498,6 +500,7 @@ TEST(HandOverRandom, TheCopyIsInOwnOrderAndTheKeptTrackHeadsTheNewOrder) {
     EXPECT_THAT(copied, ElementsAre("a.mp3", "b.mp3", "c.mp3", "d.mp3", "e.mp3", "f.mp3"));
     rig.Queue().ReplaceQueueKeepingCurrent(copy);
     EXPECT_EQ(rig.Queue().CurrentIndex(), 0);
+    EXPECT_EQ(rig.Queue().Entry(0)->RunTimeD(), 0u);
     EXPECT_EQ(rig.Current(), playing);
     EXPECT_EQ(QueueFileOrder(), copied);
 }
