@@ -1,6 +1,7 @@
 #include "playback/play_queue.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "app/settings.h"
 #include "platform/text.h"
@@ -13,6 +14,29 @@ namespace {
 
 constexpr int kSortAscending = 1;
 constexpr std::u16string_view kTextGap = u"    ";
+
+// Where the current entry went in a list edited from the queue's copy: the
+// row that is that very entry (kept), or the first row that came after it
+// (-1 when none did).
+struct FoundEntry {
+    int index = -1;
+    bool kept = false;
+};
+
+FoundEntry FindCurrentIn(const TrackList& list, const TrackRecord* current) {
+    FoundEntry found;
+    if (!current)
+        return found;
+    for (int i = 0; i < list.Count(); ++i) {
+        const TrackRecord* row = list.TrackAt(i);
+        if (row->RunTimeA() == current->RunTimeA() &&
+            row->Text(kFieldPath) == current->Text(kFieldPath))
+            return {i, true};
+        if (found.index < 0 && row->RunTimeA() > current->RunTimeA())
+            found.index = i;
+    }
+    return found;
+}
 
 bool FileExists(std::u16string_view path) {
     std::u16string copy(path);
@@ -243,7 +267,7 @@ void PlayQueue::LoadQueue() {
     }
 }
 
-void PlayQueue::ReplaceQueue(const TrackList& source) {
+void PlayQueue::FillFrom(const TrackList& source) {
     m_dirty = true;
     m_list.RemoveAllTracks(true);
     m_current = -1;
@@ -252,6 +276,10 @@ void PlayQueue::ReplaceQueue(const TrackList& source) {
         copy->SetField(kFieldRunTimeA, std::int64_t{i});
         m_list.AddTrack(std::move(copy), i);
     }
+}
+
+void PlayQueue::ReplaceQueue(const TrackList& source) {
+    FillFrom(source);
     if (m_random)
         Shuffle(true);
     m_engine.StopAndRelease(false);
@@ -260,6 +288,60 @@ void PlayQueue::ReplaceQueue(const TrackList& source) {
         m_engine.OpenTrack(CurrentPath());
     m_buttons.Set(kButtonPlay, source.Count() > 0 ? kDisplayNormal : kDisplayHidden);
     m_engine.RefreshStepButtons();
+}
+
+void PlayQueue::CopyEntries(TrackList& into) const {
+    std::vector<const TrackRecord*> records;
+    for (const auto& record : m_list)
+        records.push_back(record.get());
+    std::stable_sort(records.begin(), records.end(), [](const auto* a, const auto* b) {
+        return a->RunTimeA() < b->RunTimeA();
+    });
+    for (const TrackRecord* record : records)
+        into.AddTrack(record->Clone());
+}
+
+void PlayQueue::ReplaceQueueKeepingCurrent(const TrackList& source) {
+    const TrackRecord* current = m_list.TrackAt(m_current);
+    const FoundEntry found = FindCurrentIn(source, current);
+    if (found.kept) {
+        FillFrom(source);
+        if (m_random)
+            Shuffle(true);
+        PutFirstAndSelect(static_cast<std::uint32_t>(found.index));
+        m_engine.RefreshStepButtons();
+    } else {
+        const bool wasPlaying = m_engine.State() == kPlayStatePlaying;
+        ReplaceQueue(source); // the first entry of the play order, loaded
+        if (!m_random && found.index > 0) {
+            m_engine.StopAndRelease(false);
+            SelectEntry(found.index);
+            m_engine.OpenTrack(CurrentPath());
+            m_engine.RefreshStepButtons();
+        }
+        if (wasPlaying && m_list.Count() > 0)
+            m_engine.PlayCommand(true);
+    }
+    SaveNow();
+}
+
+void PlayQueue::PutFirstAndSelect(std::uint32_t orderNumber) {
+    int index = 0;
+    while (index < m_list.Count() && m_list.TrackAt(index)->RunTimeA() != orderNumber)
+        ++index;
+    if (m_random && index >= 1 && index < m_list.Count()) {
+        m_list.TrackAt(index)->SetField(kFieldRunTimeD, std::int64_t{0});
+        MoveEntry(index, 0);
+        index = 0;
+    }
+    SelectEntry(index);
+}
+
+void PlayQueue::SaveNow() {
+    TrackList ordered;
+    CopyEntries(ordered);
+    if (SaveTrackList(GetCurrentPlaylistPath(), ordered, 1))
+        m_dirty = false;
 }
 
 void PlayQueue::NextCommand() {

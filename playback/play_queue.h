@@ -76,6 +76,17 @@ public:
     void LoadQueue();
     // Plays a new list: each record is copied, numbered in the list's order.
     void ReplaceQueue(const TrackList& source);
+    // Each entry cloned into `into`, in the playlist's own order (order
+    // numbers kept) whatever the play order: what the play list panel shows.
+    void CopyEntries(TrackList& into) const;
+    // A list edited from CopyEntries becomes the queue, numbered in its own
+    // order, and the current-playlist file is written at once (a power loss
+    // keeps it). The current entry plays on undisturbed when the list still
+    // holds it: a row with its path and its order number, that very entry
+    // and not another copy of the same file. Otherwise the first row that
+    // came after it becomes current (without Random; the list's first when
+    // none did) and plays if the old one was playing.
+    void ReplaceQueueKeepingCurrent(const TrackList& source);
 
     // The user's Next and Previous.
     void NextCommand();
@@ -89,6 +100,12 @@ public:
 
 private:
     void StepCommand(bool forward);
+    // The queue becomes copies of the records, numbered 0, 1, ... in order.
+    void FillFrom(const TrackList& source);
+    // Puts the entry of this order number first in the play order and makes
+    // it current (Random: the track that plays on heads the new order).
+    void PutFirstAndSelect(std::uint32_t orderNumber);
+    void SaveNow();
     void SortByOrderNumber();
     void SortByShuffleKey();
     // Takes the record at index out and puts it back at newIndex.

@@ -70,6 +70,12 @@ public:
     // The browser's songs: the layout refreshed, the queue replaced by copies
     // of them, the entry that was songs[start] made current and played.
     virtual void PlayFromBrowser(const TrackList& songs, int start) = 0;
+    // For the play list panel: copies of the queue's entries in the
+    // playlist's own order, and an edited copy taken back as the queue (the
+    // current track plays on while the copy still holds it; the queue's
+    // file is written at once).
+    virtual void CopyQueue(TrackList& into) = 0;
+    virtual void ReplaceQueueKeepingCurrent(const TrackList& list) = 0;
 };
 
 } // namespace zelvor

@@ -437,6 +437,74 @@ TEST(SavedQueue, IsWrittenHiddenInThePlaylistsOwnOrderWhenRandom) {
     EXPECT_NE(rig.device.Fs().GetAttributes(GetCurrentPlaylistPath()) & kAttrHidden, 0u);
 }
 
+// The play list panel's round trip: the queue copied in its own order, rows
+// removed from the copy (by own-order index), the copy handed back.
+struct HandOverCase {
+    const char* name;
+    std::vector<int> removed;
+    bool playing;
+    std::string current; // what is loaded afterwards
+    std::string next;    // what Next loads then
+    bool sameGraph;      // the current track was not reopened
+};
+
+class HandOver : public ::testing::TestWithParam<HandOverCase> {};
+
+TEST_P(HandOver, TheHandedListIsWhatPlaysNextAndIsSavedAtOnce) {
+    const HandOverCase& c = GetParam();
+    QueueRig rig;
+    rig.Play({u"a.mp3", u"b.mp3", u"c.mp3", u"d.mp3", u"e.mp3"});
+    rig.Queue().NextCommand();
+    rig.Queue().NextCommand(); // c, stopped
+    if (c.playing)
+        rig.Engine().PlayCommand(true);
+    TrackList copy;
+    rig.Queue().CopyEntries(copy);
+    for (auto it = c.removed.rbegin(); it != c.removed.rend(); ++it)
+        copy.RemoveTrack(*it);
+    const auto graphs = rig.factory.log.size();
+
+    rig.Queue().ReplaceQueueKeepingCurrent(copy);
+    EXPECT_EQ(rig.Current(), c.current);
+    EXPECT_EQ(rig.Loaded(), c.current);
+    EXPECT_EQ(rig.Engine().State(), c.playing ? kPlayStatePlaying : kPlayStateStopped);
+    EXPECT_EQ(rig.factory.log.size() == graphs, c.sameGraph);
+    EXPECT_EQ(QueueFileOrder(), rig.Order());
+    EXPECT_FALSE(rig.Queue().Dirty());
+    rig.Queue().NextCommand();
+    EXPECT_EQ(rig.Loaded(), c.next);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, HandOver,
+    ::testing::Values(HandOverCase{"KeptWhilePlaying", {1, 3}, true, "c.mp3", "e.mp3", true},
+                      HandOverCase{"KeptStopped", {3}, false, "c.mp3", "e.mp3", true},
+                      HandOverCase{"RemovedWhilePlaying", {2, 3}, true, "e.mp3", "a.mp3", false},
+                      HandOverCase{"RemovedStopped", {2}, false, "d.mp3", "e.mp3", false},
+                      HandOverCase{"RemovedWithNoneAfter", {2, 3, 4}, true, "a.mp3", "b.mp3",
+                                   false},
+                      HandOverCase{"RemovedWithAllBefore", {0, 1, 2}, true, "d.mp3", "e.mp3",
+                                   false}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST(HandOverRandom, TheCopyIsInOwnOrderAndTheKeptTrackHeadsTheNewOrder) {
+    QueueRig rig({true, kRepeatOff, false, 5});
+    rig.Play({u"a.mp3", u"b.mp3", u"c.mp3", u"d.mp3", u"e.mp3", u"f.mp3"});
+    rig.Queue().NextCommand();
+    const std::string playing = rig.Current();
+    TrackList copy;
+    rig.Queue().CopyEntries(copy);
+    std::vector<std::string> copied;
+    for (const auto& record : copy)
+        copied.push_back(ToUtf8(DeviceNameOf(record->Text(kFieldPath))));
+    EXPECT_THAT(copied, ElementsAre("a.mp3", "b.mp3", "c.mp3", "d.mp3", "e.mp3", "f.mp3"));
+    rig.Queue().ReplaceQueueKeepingCurrent(copy);
+    EXPECT_EQ(rig.Queue().CurrentIndex(), 0);
+    EXPECT_EQ(rig.Queue().Entry(0)->RunTimeD(), 0u);
+    EXPECT_EQ(rig.Current(), playing);
+    EXPECT_EQ(QueueFileOrder(), copied);
+}
+
 TEST(PlayerSettingsLifetime, AreReadAtStartAndWrittenAtTheEnd) {
     QueueRig rig({true, kRepeatAll, true, 9});
     EXPECT_TRUE(rig.Queue().Random());

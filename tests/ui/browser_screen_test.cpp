@@ -159,7 +159,7 @@ TEST_F(BrowserInFrame, TheTourWalksTheBrowserAndFillsMyFavourites2) {
     tour.Start();
     ASSERT_TRUE(SpinUntil([&] { return closed; }, 30000));
     const QStringList files = QDir(folder).entryList({"*.png"}, QDir::Files, QDir::Name);
-    ASSERT_EQ(files.size(), 24);
+    ASSERT_EQ(files.size(), 30);
     EXPECT_EQ(files[12], "13-play-artist.png");
     EXPECT_EQ(files[19], "20-update-dialog.png");
     EXPECT_EQ(files[21], "22-back-to-player.png");

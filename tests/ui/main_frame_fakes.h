@@ -43,6 +43,17 @@ public:
         ReplaceQueue(list);
         calls.push_back("PlayFromBrowser " + std::to_string(start));
     }
+    void CopyQueue(TrackList& into) override {
+        for (const auto& path : queue) {
+            auto record = std::make_unique<TrackRecord>();
+            record->SetField(kFieldPath, FromUtf8(path));
+            into.AddTrack(std::move(record));
+        }
+    }
+    void ReplaceQueueKeepingCurrent(const TrackList& list) override {
+        ReplaceQueue(list);
+        calls.back() = "ReplaceQueueKeepingCurrent";
+    }
 
     bool Called(const std::string& name) const {
         for (const auto& c : calls)
@@ -92,7 +103,12 @@ protected:
     }
     void mouseReleaseEvent(QMouseEvent* event) override {
         taps.push_back(event->position().toPoint());
+        if (onTap)
+            onTap(taps.back());
     }
+
+public:
+    std::function<void(QPoint)> onTap; // after the tap is recorded
 };
 
 class FakeBrowserScreen final : public QWidget, public RecordingBrowser {

@@ -59,6 +59,8 @@ public:
             onSleep(static_cast<int>(sleeps.size()));
     }
 
+    void RedoPanelLayout() override { calls.push_back("RedoPanelLayout"); }
+
     // Messages posted so far, taken away.
     std::vector<WindowMessage> TakePosted() { return std::exchange(posted, {}); }
 

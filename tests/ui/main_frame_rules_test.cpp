@@ -79,7 +79,7 @@ TEST_F(FrameRules, ColourChangeReloadsTheSkinBeforeBothScreensRedoTheirLayout) {
     dev.Registry().SetDword(RegistryRoot::LocalMachine, u"OMBREL", u"GUI Color", 0x10002);
     Handle(kMsgColourChanged);
     EXPECT_EQ(AppValues().guiColor, 2); // only the low 16 bits count
-    EXPECT_EQ(window.calls, (std::vector<std::string>{"ReloadSkin 2"}));
+    EXPECT_EQ(window.calls, (std::vector<std::string>{"ReloadSkin 2", "RedoPanelLayout"}));
     EXPECT_EQ(player.calls, (std::vector<std::string>{"RedoLayout"}));
     EXPECT_EQ(browser.calls, (std::vector<std::string>{"RedoLayout"}));
 }
@@ -158,10 +158,12 @@ TEST_F(FrameRules, TurningTheScreenRedoesBothLayoutsOnlyWhenTheShapeChanges) {
     AppValues().portrait = 1;
     Handle(kMsgSize, 0, PackSize(240, 320));
     EXPECT_TRUE(player.calls.empty());
+    EXPECT_TRUE(window.calls.empty());
     window.width = 320;
     window.height = 240;
     Handle(kMsgSize, 0, PackSize(320, 240));
     EXPECT_EQ(AppValues().portrait, 0);
+    EXPECT_EQ(window.calls, (std::vector<std::string>{"RedoPanelLayout"}));
     EXPECT_EQ(player.calls, (std::vector<std::string>{"RedoLayout"}));
     EXPECT_EQ(browser.calls, (std::vector<std::string>{"RedoLayout"}));
 }

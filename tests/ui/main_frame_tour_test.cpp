@@ -17,9 +17,10 @@ namespace zelvor {
 namespace {
 using namespace zelvor::testing;
 
-QPoint PlaceCentre(int button, double across = 0.5) {
-    const PixelRect r = ButtonRect(PlayerLayoutFor(ScreenOrientation::Portrait)
-                                       .buttons[static_cast<std::size_t>(button)]);
+QPoint PlaceCentre(int button, double across = 0.5,
+                   ScreenOrientation orientation = ScreenOrientation::Portrait) {
+    const PixelRect r =
+        ButtonRect(PlayerLayoutFor(orientation).buttons[static_cast<std::size_t>(button)]);
     return QPointF(r.left + (r.right - r.left) * across, (r.top + r.bottom) / 2.0).toPoint();
 }
 
@@ -28,13 +29,21 @@ TEST(DemoTourSteps, ReachThePaneAndTheFrameAndLeaveAPictureEach) {
     AppValues() = {};
     TestDevice dev;
     dev.WriteFile(u"\\Storage Card\\song.mp3", "x");
+    dev.WriteFile(u"\\Storage Card\\tune.mp3", "x");
     SelectSkinModule(0);
     FakeOutside outside;
     FakePlayerScreen* player = nullptr;
     FramePaneMakers makers;
-    makers.player = [&](QWidget* parent, FrameMessages&) {
+    const QPoint menuPortrait = PlaceCentre(kButtonMenu);
+    const QPoint menuLandscape = PlaceCentre(kButtonMenu, 0.5, ScreenOrientation::Landscape);
+    makers.player = [&](QWidget* parent, FrameMessages& messages) {
         auto pane = std::make_unique<FakePlayerScreen>(parent);
         player = pane.get();
+        // The Menu button, as the real screen hands it to the frame.
+        pane->onTap = [&messages, menuPortrait, menuLandscape](QPoint at) {
+            if (at == menuPortrait || at == menuLandscape)
+                messages.ShowMenu();
+        };
         return pane;
     };
     CMainFrame frame(QSize(240, 320), outside, PathOnlyRecord, makers);
@@ -61,17 +70,27 @@ TEST(DemoTourSteps, ReachThePaneAndTheFrameAndLeaveAPictureEach) {
     EXPECT_EQ(files, (QStringList{"01-first-start.png", "02-library-found.png", "03-play.png",
                                   "04-pause.png", "05-next.png", "06-seek.png", "07-random.png",
                                   "08-repeat.png", "09-volume.png", "10-colour.png",
-                                  "11-landscape.png"}));
-    EXPECT_EQ(tour.Saved().size(), 11);
+                                  "11-landscape.png", "12-panel-landscape.png",
+                                  "13-panel-delete.png", "14-panel-hand-on.png",
+                                  "15-portrait.png", "16-panel-portrait.png",
+                                  "17-panel-leave.png"}));
+    EXPECT_EQ(tour.Saved().size(), 17);
     EXPECT_EQ(QImage(folder + "/02-library-found.png").size(), QSize(240, 320));
     EXPECT_EQ(QImage(folder + "/11-landscape.png").size(), QSize(320, 240));
+    EXPECT_EQ(QImage(folder + "/12-panel-landscape.png").size(), QSize(320, 240));
+    EXPECT_EQ(QImage(folder + "/16-panel-portrait.png").size(), QSize(240, 320));
+    // The panel shows over the player and is gone again after hand on and leave.
+    EXPECT_NE(QImage(folder + "/12-panel-landscape.png"), QImage(folder + "/11-landscape.png"));
+    EXPECT_EQ(QImage(folder + "/14-panel-hand-on.png"), QImage(folder + "/11-landscape.png"));
+    EXPECT_EQ(QImage(folder + "/17-panel-leave.png"), QImage(folder + "/15-portrait.png"));
 
     EXPECT_EQ(keysBeforeClose, (std::vector<int>{Qt::Key_Return, Qt::Key_Return, Qt::Key_Return,
                                                  Qt::Key_Right, Qt::Key_Down, Qt::Key_Down,
                                                  Qt::Key_Down}));
     EXPECT_EQ(tapsBeforeClose,
               (std::vector<QPoint>{PlaceCentre(kButtonSeekBar, 0.6), PlaceCentre(kButtonRandomOff),
-                                   PlaceCentre(kButtonRepeatOff)}));
+                                   PlaceCentre(kButtonRepeatOff), menuLandscape, menuPortrait}));
+    // Two songs queued, the second deleted on the panel and the list handed on.
     EXPECT_EQ(queuedBeforeClose, 1u);
     // The colour changed from the program's own images to red.
     EXPECT_EQ(AppValues().guiColor, 2);

@@ -1,19 +1,21 @@
 // CMainFrame as a widget: its panes, the messages it is sent and posted,
-// the back key, the menu, the skin and the screen's orientation.
+// the back key, the play list panel, the skin and the screen's orientation.
 #include <gtest/gtest.h>
 
-#include <QAction>
+#include <QApplication>
 #include <QImage>
-#include <QLabel>
-#include <QMenu>
+#include <QPointer>
 #include <QTest>
 
 #include "library/library_file.h"
 #include "tests/support/test_device.h"
 #include "tests/ui/main_frame_app.h"
 #include "tests/ui/main_frame_rules_fixture.h"
-#include "ui/main_frame/frame_menu.h"
+#include "res/command_ids.h"
+#include "ui/lists/bitmap_button.h"
+#include "ui/lists/track_list_ctrl.h"
 #include "ui/main_frame/main_frame.h"
+#include "ui/panel/play_list_panel.h"
 #include "ui/skin/skin_module.h"
 
 namespace zelvor {
@@ -172,26 +174,93 @@ TEST_F(FrameWidget, TurningTheScreenLaysThePanesOutAgain) {
     EXPECT_EQ(frame->grab().toImage().size(), QSize(320, 240));
 }
 
-TEST_F(FrameWidget, TheMenuOffersAboutAndExitWhichEndsTheProgram) {
+TEST_F(FrameWidget, TheMenuButtonOpensThePanelOverThePlayerListingTheQueue) {
     Make();
-    QMenu* menu = MakeFrameMenu(frame.get(), [this] { frame->PostFrameMessage({kMsgClose, 0, 0}); });
-    const auto actions = menu->actions();
-    ASSERT_EQ(actions.size(), 2);
-    EXPECT_EQ(actions[0]->text(), "About");
-    EXPECT_EQ(actions[1]->text(), "Exit");
-    actions[1]->trigger();
-    SpinEvents();
-    EXPECT_EQ(closed, 1);
+    player->queue = {"\\Storage Card\\a.mp3", "\\Storage Card\\b.mp3"};
+    paneMessages->ShowMenu();
+    CPlayListPanel* panel = frame->PlayListPanel();
+    EXPECT_TRUE(panel->isVisible());
+    EXPECT_TRUE(player->isVisible()); // under the panel
+    EXPECT_TRUE(player->Called("CancelHoldTimers"));
+    EXPECT_EQ(panel->geometry(), QRect(0, 0, 240, 320));
+    EXPECT_TRUE(panel->isAncestorOf(frame->childAt(120, 150)));
+    EXPECT_EQ(panel->Tracks().Count(), 2);
+    EXPECT_EQ(panel->Changed(), 0);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr); // no menu of its own
+    // Focus handling while it shows gives the keys to the panel's list.
+    QApplication::setActiveWindow(frame.get());
+    player->setFocus();
+    frame->SendFrameMessage({kMsgSetFocus, 0, 0});
+    EXPECT_EQ(QApplication::focusWidget(), &panel->List());
 }
 
-TEST(AboutBox, NamesTheProgramAndItsVersion) {
-    EnsureWidgetApplication();
-    AboutDialog about(nullptr);
-    EXPECT_EQ(about.windowTitle(), "About MP3 Player");
-    QStringList texts;
-    for (QLabel* label : about.findChildren<QLabel*>())
-        texts << label->text();
-    EXPECT_TRUE(texts.contains("MP3 Player Version 2.0"));
+TEST_F(FrameWidget, TheBackKeyWithThePanelOpenClosesOnlyThePanel) {
+    Make();
+    player->queue = {"\\Storage Card\\a.mp3"};
+    paneMessages->ShowMenu();
+    QTest::keyClick(&frame->PlayListPanel()->List(), Qt::Key_Escape);
+    SpinEvents();
+    EXPECT_FALSE(frame->PlayListPanel()->isVisible());
+    EXPECT_TRUE(player->isVisible());
+    EXPECT_EQ(closed, 0);
+    // Untouched, the queue is left as it was.
+    EXPECT_FALSE(player->Called("ReplaceQueueKeepingCurrent"));
+}
+
+class PanelLeaving : public FrameWidget, public ::testing::WithParamInterface<int> {};
+
+// Hand on gives the list over always; leaving (button or back key) gives it
+// over when rows were removed, so a deletion is never undone by leaving.
+TEST_P(PanelLeaving, TheEditedListBecomesTheQueue) {
+    Make();
+    player->queue = {"\\Storage Card\\a.mp3", "\\Storage Card\\b.mp3",
+                     "\\Storage Card\\c.mp3"};
+    paneMessages->ShowMenu();
+    CPlayListPanel* panel = frame->PlayListPanel();
+    panel->List().SelectOnly(1);
+    panel->OnCommand(kCmdDeleteSongs);
+    if (GetParam() == Qt::Key_Escape) {
+        QTest::keyClick(&panel->List(), Qt::Key_Escape);
+        SpinEvents();
+    } else {
+        QTest::mouseClick(panel->Button(GetParam()), Qt::LeftButton);
+    }
+    EXPECT_FALSE(panel->isVisible());
+    EXPECT_TRUE(player->Called("ReplaceQueueKeepingCurrent"));
+    EXPECT_EQ(player->queue,
+              (std::vector<std::string>{"\\Storage Card\\a.mp3", "\\Storage Card\\c.mp3"}));
+    EXPECT_EQ(closed, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, PanelLeaving,
+                         ::testing::Values(kCmdHandOn, kCmdFavourites, int(Qt::Key_Escape)),
+                         [](const auto& info) {
+                             return info.param == kCmdHandOn       ? "HandOn"
+                                    : info.param == kCmdFavourites ? "LeaveButton"
+                                                                   : "BackKey";
+                         });
+
+TEST_F(FrameWidget, ThePanelFollowsTheSkinAndTheTurnedScreenAndGoesFirst) {
+    Make();
+    paneMessages->ShowMenu();
+    CPlayListPanel* panel = frame->PlayListPanel();
+    const QImage before = panel->grab().toImage();
+    const auto programDir = dev.Host(u"\\Flash Disk\\Zelvor");
+    std::filesystem::copy_file(std::string(ZELVOR_SKIN_DIR) + "/ZelvorRed.rcc",
+                               programDir / "ZelvorRed.rcc");
+    dev.Registry().SetDword(RegistryRoot::LocalMachine, u"OMBREL", u"GUI Color", 2);
+    frame->SendFrameMessage({kMsgColourChanged, 0, 0});
+    EXPECT_NE(panel->grab().toImage(), before);
+
+    frame->SetScreenSize(QSize(320, 240));
+    SpinEvents();
+    EXPECT_EQ(panel->geometry(), QRect(0, 0, 320, 240));
+    EXPECT_EQ(panel->List().geometry(), QRect(13, 68, 247, 162));
+
+    QPointer<CPlayListPanel> watched(panel);
+    frame->Destroy();
+    EXPECT_TRUE(watched.isNull());
+    EXPECT_EQ(frame->PlayListPanel(), nullptr);
 }
 
 } // namespace

@@ -12,8 +12,12 @@
 #include "app/application_values.h"
 #include "app/window_messages.h"
 #include "platform/device.h"
+#include "res/command_ids.h"
 #include "ui/layout/player_layout.h"
+#include "ui/lists/bitmap_button.h"
+#include "ui/lists/track_list_ctrl.h"
 #include "ui/main_frame/main_frame.h"
+#include "ui/panel/play_list_panel.h"
 
 namespace zelvor {
 namespace {
@@ -40,6 +44,17 @@ DemoTour::DemoTour(CMainFrame& frame, QString folder, double pace, QObject* pare
     AddBrowserSteps();
     m_steps.push_back({"colour", [this] { ChangeColour(); }, 1000});
     m_steps.push_back({"landscape", [this] { m_frame.SetScreenSize(QSize(320, 240)); }, 2000});
+    AddPanelSteps();
+}
+
+void DemoTour::AddPanelSteps() {
+    // The play list panel, from the Menu button, in both orientations.
+    m_steps.push_back({"panel-landscape", [this] { TapButton(kButtonMenu); }, 700});
+    m_steps.push_back({"panel-delete", [this] { PanelDeleteRow(1); }, 700});
+    m_steps.push_back({"panel-hand-on", [this] { PanelButton(kCmdHandOn); }, 1000});
+    m_steps.push_back({"portrait", [this] { m_frame.SetScreenSize(QSize(240, 320)); }, 1000});
+    m_steps.push_back({"panel-portrait", [this] { TapButton(kButtonMenu); }, 700});
+    m_steps.push_back({"panel-leave", [this] { PanelButton(kCmdFavourites); }, 700});
 }
 
 void DemoTour::Start() {
@@ -149,6 +164,23 @@ void DemoTour::ChangeColour() {
     registry.SetDword(RegistryRoot::LocalMachine, u"OMBREL", u"GUI Color", next);
     registry.Flush(RegistryRoot::LocalMachine);
     m_frame.PostFrameMessage({kMsgColourChanged, 0, 0});
+}
+
+// A tap on one of the panel's buttons, when the panel is open.
+void DemoTour::PanelButton(int command) {
+    CPlayListPanel* panel = m_frame.PlayListPanel();
+    if (panel && panel->isVisible())
+        if (CBitmapButton* button = panel->Button(command))
+            button->click();
+}
+
+// A row tapped (selected), then the delete button.
+void DemoTour::PanelDeleteRow(int row) {
+    CPlayListPanel* panel = m_frame.PlayListPanel();
+    if (!panel || !panel->isVisible())
+        return;
+    panel->List().SelectOnly(row);
+    PanelButton(kCmdDeleteSongs);
 }
 
 } // namespace zelvor

@@ -142,6 +142,7 @@ void FrameController::OnColourChanged() {
         player->RedoLayout();
     if (BrowserPane* browser = m_window.Browser())
         browser->RedoLayout();
+    m_window.RedoPanelLayout();
 }
 
 void FrameController::OnSize(std::int32_t packedSize) {
@@ -154,6 +155,7 @@ void FrameController::OnSize(std::int32_t packedSize) {
         player->RedoLayout();
     if (BrowserPane* browser = m_window.Browser())
         browser->RedoLayout();
+    m_window.RedoPanelLayout();
 }
 
 void FrameController::OnActivate(std::uint32_t state) {

@@ -55,6 +55,10 @@ public:
     virtual void EndWaitCursor() = 0;
     // Blocks the UI thread (the card polls after an insertion).
     virtual void Sleep(int milliseconds) = 0;
+
+    // The play list panel follows a new skin or a turned screen: its
+    // bitmaps loaded again, its list and buttons placed for the pane.
+    virtual void RedoPanelLayout() = 0;
 };
 
 // Windows of other programs, by title or class.

@@ -9,9 +9,10 @@
 #include <QThread>
 
 #include "ui/main_frame/empty_browser_pane.h"
-#include "ui/main_frame/frame_menu.h"
 #include "ui/main_frame/wait_cursor.h"
 #include "ui/main_frame/window_message_event.h"
+#include "ui/lists/track_list_ctrl.h"
+#include "ui/panel/play_list_panel.h"
 #include "ui/skin/skin_module.h"
 
 namespace zelvor {
@@ -42,7 +43,7 @@ bool CMainFrame::Create() {
         return false;
     m_player->Widget()->setProperty("paneId", kPlayerPaneId);
 
-    m_panel = new QWidget(this);
+    m_panel = std::make_unique<CPlayListPanel>(static_cast<PanelOwner&>(*this), this);
     m_panel->setProperty("paneId", kPanelPaneId);
     m_panel->hide();
 
@@ -63,6 +64,7 @@ void CMainFrame::Destroy() {
     if (m_destroyed)
         return;
     m_destroyed = true;
+    m_panel.reset();
     m_browser.reset();
     m_player.reset(); // saves the player's settings and queue
     m_rules.OnDestroy();
@@ -94,10 +96,21 @@ void CMainFrame::ShowBrowser() {
     FocusBrowser();
 }
 
+// The Menu button opens the play list panel over the player, listing the
+// queue as it stands (copies, in the playlist's own order): the queue is
+// what a user asks to see from the player. The About box is reached from
+// the panel's title bar.
 void CMainFrame::ShowMenu() {
-    QMenu* menu = MakeFrameMenu(this, [this] { PostFrameMessage({kMsgClose, 0, 0}); });
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->popup(mapToGlobal(rect().center()));
+    if (!m_player || !m_panel)
+        return;
+    m_player->CancelHoldTimers();
+    TrackList copies;
+    m_player->CopyQueue(copies);
+    m_panel->ShowTracks(std::move(copies));
+    m_panel->setGeometry(rect());
+    m_panel->show();
+    m_panel->raise();
+    m_panel->List().setFocus();
 }
 
 void CMainFrame::HideFrame() {
@@ -194,7 +207,8 @@ void CMainFrame::BringToFront() {
 
 void CMainFrame::LayPanes() {
     for (QWidget* pane : {m_player ? m_player->Widget() : nullptr,
-                          m_browser ? m_browser->Widget() : nullptr, m_panel})
+                          m_browser ? m_browser->Widget() : nullptr,
+                          static_cast<QWidget*>(m_panel.get())})
         if (pane)
             pane->setGeometry(rect());
 }
@@ -229,9 +243,36 @@ void CMainFrame::ShowBrowserPane() {
         m_player->Widget()->hide();
 }
 
+// Leaving the panel (its leave button or the back key) keeps what the user
+// did there: a list whose rows were removed (the changed flag) is taken
+// over as with hand on, so a confirmed clear or a deletion is never undone
+// silently. An untouched list leaves the queue as it is.
 void CMainFrame::ClosePanel() {
+    if (!m_panel || !m_panel->isVisible())
+        return;
+    if (m_panel->Changed() && m_player)
+        m_player->ReplaceQueueKeepingCurrent(m_panel->Tracks());
+    m_panel->hide();
+    FocusPlayer();
+}
+
+// Hand on: the panel's list becomes the play queue (the current track plays
+// on if the list still holds it) and is saved at once; the panel closes.
+void CMainFrame::HandOn(const TrackList& list) {
+    if (m_player)
+        m_player->ReplaceQueueKeepingCurrent(list);
     if (m_panel)
         m_panel->hide();
+    FocusPlayer();
+}
+
+void CMainFrame::Leave() {
+    ClosePanel();
+}
+
+void CMainFrame::RedoPanelLayout() {
+    if (m_panel)
+        m_panel->RedoLayout();
 }
 
 void CMainFrame::FocusBrowser() {
@@ -240,7 +281,10 @@ void CMainFrame::FocusBrowser() {
 }
 
 void CMainFrame::FocusPlayer() {
-    if (m_player)
+    // While the panel covers the player, keys belong to the panel's list.
+    if (m_panel && m_panel->isVisible())
+        m_panel->List().setFocus();
+    else if (m_player)
         m_player->Widget()->setFocus();
 }
 

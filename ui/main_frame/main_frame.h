@@ -8,8 +8,9 @@
 // delivers messages to it and carries out what it asks of the window.
 //
 // Life: constructed, then Create() makes the panes (WM_CREATE); WM_CLOSE
-// (posted to it, or the window's close button) destroys the panes, browser
-// first (WM_DESTROY), which lets the player save its settings and queue,
+// (posted to it, or the window's close button) destroys the panes, the play
+// list panel first, then the browser and the player (WM_DESTROY), which
+// lets the player save its settings and queue,
 // and emits Closed(). The panes are owned here and destroyed before the
 // widget. UI thread only.
 
@@ -21,6 +22,7 @@
 #include "library/library_updater.h"
 #include "ui/main_frame/browser_pane.h"
 #include "ui/main_frame/frame_controller.h"
+#include "ui/panel/panel_owner.h"
 #include "ui/player_pane.h"
 
 namespace zelvor {
@@ -41,7 +43,12 @@ constexpr int kPlayerPaneId = 0xE900;
 constexpr int kPanelPaneId = 0xE901;
 constexpr int kBrowserPaneId = 0xE903;
 
-class CMainFrame final : public QWidget, public FrameMessages, private FrameWindow {
+class CPlayListPanel;
+
+class CMainFrame final : public QWidget,
+                         public FrameMessages,
+                         private FrameWindow,
+                         private PanelOwner {
     Q_OBJECT
 public:
     // screen: the device screen in pixels. outside is borrowed for the
@@ -76,7 +83,7 @@ public:
     FrameController& Rules() { return m_rules; }
     PlayerPane* PlayerScreen() { return m_player.get(); }
     BrowserPane* BrowserScreen() { return m_browser.get(); }
-    QWidget* PlayListPanel() { return m_panel; }
+    CPlayListPanel* PlayListPanel() { return m_panel.get(); }
 
 signals:
     // The frame was destroyed by WM_CLOSE; the program ends.
@@ -110,6 +117,11 @@ private:
     void BeginWaitCursor() override;
     void EndWaitCursor() override;
     void Sleep(int milliseconds) override;
+    void RedoPanelLayout() override;
+
+    // PanelOwner, for the play list panel.
+    void HandOn(const TrackList& list) override;
+    void Leave() override;
 
     void LayPanes();
     bool IsOwnKeyEvent(QObject* watched, QEvent* event) const;
@@ -119,7 +131,8 @@ private:
     FrameController m_rules;
     std::unique_ptr<PlayerPane> m_player;
     std::unique_ptr<BrowserPane> m_browser;
-    QWidget* m_panel = nullptr; // owned as a child widget
+    // A child widget, deleted before the other panes and the frame.
+    std::unique_ptr<CPlayListPanel> m_panel;
     bool m_destroyed = false;
 };
 

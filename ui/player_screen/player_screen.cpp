@@ -181,6 +181,14 @@ void CPlayerScreen::CancelHoldTimers() {
     m_control->CancelHoldTimers();
 }
 
+void CPlayerScreen::CopyQueue(TrackList& into) {
+    m_player->Queue().CopyEntries(into);
+}
+
+void CPlayerScreen::ReplaceQueueKeepingCurrent(const TrackList& list) {
+    m_player->Queue().ReplaceQueueKeepingCurrent(list);
+}
+
 void CPlayerScreen::OnTimer(int id) {
     m_control->OnTimer(id);
 }

@@ -58,6 +58,8 @@ public:
     void ReplaceQueue(const TrackList& list) override;
     void CancelHoldTimers() override;
     void PlayFromBrowser(const TrackList& songs, int start) override;
+    void CopyQueue(TrackList& into) override;
+    void ReplaceQueueKeepingCurrent(const TrackList& list) override;
 
     Player& GetPlayer() { return *m_player; }
     PlayerScreenControl& Control() { return *m_control; }

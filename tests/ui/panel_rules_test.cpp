@@ -1,0 +1,111 @@
+// The play list panel's delete rule and places, without a window.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "ui/layout/browser_layout.h"
+#include "ui/panel/panel_rules.h"
+
+namespace zelvor {
+namespace {
+
+// Rows named by their first index, with selection flags that move with them.
+class FakeRows final : public PanelRows {
+public:
+    FakeRows(int count, const std::vector<int>& selected) {
+        for (int i = 0; i < count; ++i)
+            m_rows.push_back({i, false});
+        for (int i : selected)
+            m_rows[static_cast<std::size_t>(i)].selected = true;
+    }
+    int SelectedCount() const override {
+        int n = 0;
+        for (const Row& row : m_rows)
+            n += row.selected ? 1 : 0;
+        return n;
+    }
+    int NextSelected(int after) const override {
+        for (int i = after + 1; i < static_cast<int>(m_rows.size()); ++i)
+            if (m_rows[static_cast<std::size_t>(i)].selected)
+                return i;
+        return -1;
+    }
+    void Remove(int index) override { m_rows.erase(m_rows.begin() + index); }
+    std::vector<int> Left() const {
+        std::vector<int> names;
+        for (const Row& row : m_rows)
+            names.push_back(row.name);
+        return names;
+    }
+
+private:
+    struct Row {
+        int name;
+        bool selected;
+    };
+    std::vector<Row> m_rows;
+};
+
+struct DeleteCase {
+    const char* name;
+    std::vector<int> selected;
+    std::vector<int> left; // of rows 0-7
+};
+
+class DeleteSelected : public ::testing::TestWithParam<DeleteCase> {};
+
+TEST_P(DeleteSelected, SkipsTheSelectedRowThatMovesUpIntoTheEmptiedPlace) {
+    FakeRows rows(8, GetParam().selected);
+    const int removed = DeleteSelectedRows(rows);
+    EXPECT_EQ(rows.Left(), GetParam().left);
+    EXPECT_EQ(removed, 8 - static_cast<int>(GetParam().left.size()));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, DeleteSelected,
+    ::testing::Values(
+        DeleteCase{"AdjacentThreeAndFour", {3, 4}, {0, 1, 2, 4, 5, 6, 7}},
+        DeleteCase{"ApartTwoAndFive", {2, 5}, {0, 1, 3, 4, 6, 7}},
+        DeleteCase{"NoneSelected", {}, {0, 1, 2, 3, 4, 5, 6, 7}},
+        DeleteCase{"ThreeInARowTakeFirstAndLast", {3, 4, 5}, {0, 1, 2, 4, 6, 7}},
+        // The third search finds nothing and the fourth starts from the top.
+        DeleteCase{"FourInARowRestartAfterAMiss", {1, 2, 3, 4}, {0, 4, 5, 6, 7}},
+        DeleteCase{"FirstTwoRows", {0, 1}, {1, 2, 3, 4, 5, 6, 7}},
+        DeleteCase{"LastRowAlone", {7}, {0, 1, 2, 3, 4, 5, 6}}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+struct PaneCase {
+    const char* name;
+    PixelSize pane;
+    PixelRect list;
+};
+
+class PanelPlaces : public ::testing::TestWithParam<PaneCase> {};
+
+TEST_P(PanelPlaces, ListIsCutToThePaneAndEveryTargetFitsApart) {
+    const PixelSize pane = GetParam().pane;
+    EXPECT_EQ(PanelListRect(pane), GetParam().list);
+    const PixelRect whole{0, 0, pane.width, pane.height};
+    const PixelRect about = PanelAboutRect(pane);
+    EXPECT_TRUE(whole.Contains(about));
+    EXPECT_GE(about.Width(), 32);
+    EXPECT_GE(about.Height(), 32);
+    for (const ImageButtonPlace& button : PlayListPanelLayout().buttons) {
+        EXPECT_TRUE(whole.Contains(button.rect)) << button.command;
+        EXPECT_GE(button.rect.Width(), 32);
+        EXPECT_GE(button.rect.Height(), 32);
+        EXPECT_FALSE(about.Intersects(button.rect)) << button.command;
+        EXPECT_FALSE(GetParam().list.Intersects(button.rect)) << button.command;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Orientations, PanelPlaces,
+    ::testing::Values(PaneCase{"Portrait", {240, 320}, {13, 68, 240, 230}},
+                      PaneCase{"Landscape", {320, 240}, {13, 68, 260, 230}},
+                      PaneCase{"Short", {320, 200}, {13, 68, 260, 200}}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+} // namespace
+} // namespace zelvor
