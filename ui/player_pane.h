@@ -23,7 +23,8 @@ public:
     virtual void PostToFrame(const WindowMessage& message) = 0;
     // The player's Library button: the frame shows the browser screen.
     virtual void ShowBrowser() = 0;
-    // The player's Menu button (button id 16), handed to the application.
+    // The player's Menu button (button id 16), handed to the application:
+    // the frame opens the play list panel over the player, on the queue.
     virtual void ShowMenu() = 0;
     // The player's Hide button: the frame goes to the bottom and hides.
     virtual void HideFrame() = 0;

@@ -8,10 +8,10 @@
 #include <QScreen>
 #include <QThread>
 
+#include "ui/lists/track_list_ctrl.h"
 #include "ui/main_frame/empty_browser_pane.h"
 #include "ui/main_frame/wait_cursor.h"
 #include "ui/main_frame/window_message_event.h"
-#include "ui/lists/track_list_ctrl.h"
 #include "ui/panel/play_list_panel.h"
 #include "ui/skin/skin_module.h"
 
