@@ -177,6 +177,12 @@ int main(int argc, char** argv) {
         return app.ExitInstance();
 
     CloseOnTerminationSignals(shell, &qtApp);
+    // A desktop mounts and unmounts the card; the frame hears of it as it
+    // hears of the device shell's card.
+    const auto cardWatcher = WatchStorageCard(*device, [&shell](const WindowMessage& message) {
+        if (CMainFrame* frame = shell.Frame())
+            frame->PostFrameMessage(message);
+    });
     std::optional<DemoTour> tour;
     if (options.tour) {
         tour.emplace(*shell.Frame(), *options.tour);

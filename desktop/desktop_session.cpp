@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QIcon>
 
+#include "app/settings.h"
 #include "desktop/skin_bundle_install.h"
 #include "platform/debug_print.h"
 #include "platform/device.h"
@@ -18,6 +19,13 @@ void ProvideDesktopSkins(const Device& device, const QString& programFolder) {
     if (const int copied = ProvideSkinBundles(*target, InstalledSkinFolders(folder)))
         DebugPrint(QStringLiteral("Zelvor: %1 colour bundles put in the program directory")
                        .arg(copied).toStdU16String());
+}
+
+std::unique_ptr<CardWatcher> WatchStorageCard(const Device& device, CardWatcher::Poster post) {
+    const auto folder = device.FileSystem().ToHostPath(GetStorageCardRoot());
+    if (!folder)
+        return nullptr;
+    return std::make_unique<CardWatcher>(*folder, std::move(post));
 }
 
 void SetDesktopIdentity(const QString& programFolder) {
