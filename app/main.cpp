@@ -35,6 +35,7 @@
 #include "app/application_values.h"
 #include "app/window_messages.h"
 #include "desktop/desktop_session.h"
+#include "desktop/mpris_service.h"
 #include "platform/device.h"
 #include "platform/host/gst_media_graph.h"
 #include "platform/text.h"
@@ -177,12 +178,21 @@ int main(int argc, char** argv) {
         return app.ExitInstance();
 
     CloseOnTerminationSignals(shell, &qtApp);
-    // A desktop mounts and unmounts the card; the frame hears of it as it
-    // hears of the device shell's card.
-    const auto cardWatcher = WatchStorageCard(*device, [&shell](const WindowMessage& message) {
+    const auto postToFrame = [&shell](const WindowMessage& message) {
         if (CMainFrame* frame = shell.Frame())
             frame->PostFrameMessage(message);
-    });
+    };
+    // A desktop mounts and unmounts the card; the frame hears of it as it
+    // hears of the device shell's card.
+    const auto cardWatcher = WatchStorageCard(*device, postToFrame);
+    // The desktop's remote control, while a session bus is there.
+    const auto remoteControl = MprisService::Start(
+        {[&shell]() -> Player* {
+             CMainFrame* frame = shell.Frame();
+             PlayerPane* pane = frame ? frame->PlayerScreen() : nullptr;
+             return pane ? pane->RemoteControlPlayer() : nullptr;
+         },
+         postToFrame});
     std::optional<DemoTour> tour;
     if (options.tour) {
         tour.emplace(*shell.Frame(), *options.tour);

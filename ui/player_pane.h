@@ -13,6 +13,7 @@ class QWidget;
 
 namespace zelvor {
 
+class Player;
 class TrackList;
 
 // Posts a message to the main frame; it is handled after the current
@@ -59,6 +60,10 @@ public:
     // Before the browser is shown: the seek-hold and press-and-hold timers
     // are cancelled.
     virtual void CancelHoldTimers() = 0;
+
+    // The player a desktop's remote control drives, with the same commands
+    // as the screen's buttons; null for a pane that has none.
+    virtual Player* RemoteControlPlayer() { return nullptr; }
 };
 
 } // namespace zelvor

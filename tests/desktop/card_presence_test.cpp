@@ -12,11 +12,14 @@ TEST(ParseMountPoints, FifthFieldWithEscapesDecodedAndBrokenLinesSkipped) {
         "99 22 0:5 /x /mnt/back\\134slash\\011tab rw - tmpfs none rw\n"
         "short line\n"
         "100 22 0:6 / relative rw - tmpfs none rw\n"
-        "101 22 0:7 / /bad\\09 rw - tmpfs none rw\n"
+        "101 22 0:7 / /bad\\091 rw - tmpfs none rw\n"
+        "103 22 0:9 / /media/usb0123 rw - vfat none rw\n"
+        "104 22 0:9 / /ends\\040 rw - vfat none rw\n"
         "\n"
         "102 22 0:8 / /trailing";
     const std::vector<std::string> expected = {"/", "/media/ann/MY CARD",
-                                               "/mnt/back\\slash\ttab", "/bad\\09"};
+                                               "/mnt/back\\slash\ttab", "/bad\\091",
+                                               "/media/usb0123", "/ends "};
     EXPECT_EQ(ParseMountPoints(table), expected);
 }
 

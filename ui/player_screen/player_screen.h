@@ -57,6 +57,7 @@ public:
     int QueueCount() override;
     void ReplaceQueue(const TrackList& list) override;
     void CancelHoldTimers() override;
+    Player* RemoteControlPlayer() override { return m_player.get(); }
 
     Player& GetPlayer() { return *m_player; }
     PlayerScreenControl& Control() { return *m_control; }
