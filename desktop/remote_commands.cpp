@@ -124,6 +124,7 @@ MprisState ReadMprisState(Player& player, const TrackUrlOf& urlOf) {
         return state;
     MprisTrack& track = state.track;
     track.title = entry->Text(kFieldTitle);
+    // A desktop shows the title alone; an untagged file goes by its name.
     if (track.title.empty())
         track.title = entry->Text(kFieldFileName);
     track.artist = entry->Text(kFieldArtist);

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QTest>
 #include <gtest/gtest.h>
+#include <sys/mount.h>
 
 #include "app/window_messages.h"
 #include "tests/desktop/qt_app.h"
@@ -76,6 +77,24 @@ TEST_F(CardWatcherTest, ChangesInsideTheCardSayNothing) {
     fs::remove_all(card / "new album");
     QTest::qWait(300);
     EXPECT_TRUE(m_posted.empty());
+}
+
+// A medium mounted on a fixed folder: only the mount table changes. Needs
+// the right to mount (root in CI); skipped elsewhere.
+TEST_F(CardWatcherTest, MediumMountedAndUnmountedOnAFixedFolder) {
+    const fs::path card = m_dir.Path() / "mnt" / "card";
+    fs::create_directories(card);
+    if (::mount("zelvor-test", card.c_str(), "tmpfs", 0, nullptr) != 0)
+        GTEST_SKIP() << "no right to mount here";
+    auto watcher = Watch(card);
+    EXPECT_TRUE(watcher->Present());
+
+    ASSERT_EQ(::umount(card.c_str()), 0);
+    EXPECT_EQ(NextCardMessage(), 0); // the folder is still there, empty
+    ASSERT_EQ(::mount("zelvor-test", card.c_str(), "tmpfs", 0, nullptr), 0);
+    EXPECT_EQ(NextCardMessage(), 1);
+    ::umount(card.c_str());
+    EXPECT_EQ(NextCardMessage(), 0);
 }
 
 } // namespace

@@ -42,22 +42,23 @@ ZELVOR_CARD=$card "$zelvor" >"$work/player.log" 2>&1 &
 player=$!
 
 fail() { echo "FAILED: $*"; cat "$work/player.log"; exit 1; }
-P() { playerctl -p zelvor "$@"; }
-# Waits up to 10 s for `P args` to print the expected text.
+P() { playerctl -p zelvor "$@" || fail "playerctl $*"; }
+# Waits up to 20 s (a loaded machine, a sanitized build) for playerctl to
+# print the expected text.
 expect() {
   local want=$1; shift
   local got=
-  for _ in $(seq 50); do
-    got=$(P "$@" 2>/dev/null || true)
+  for _ in $(seq 100); do
+    got=$(playerctl -p zelvor "$@" 2>/dev/null || true)
     [[ $got == "$want" ]] && return 0
     sleep 0.2
   done
   fail "playerctl $* gave '$got', not '$want'"
 }
 
-expect Stopped status # the first start found the card's three songs
+expect "Song 1" metadata xesam:title # the first start found the card's songs
+expect Stopped status
 P play;  expect Playing status
-expect "Song 1" metadata xesam:title
 expect "The Band" metadata xesam:artist
 expect First metadata xesam:album
 expect Rock metadata xesam:genre
@@ -81,7 +82,7 @@ P loop Playlist; expect Playlist loop
 P loop None;     expect None loop
 
 P position 8
-for _ in $(seq 50); do
+for _ in $(seq 100); do
   pos=$(P position); ((${pos%.*} >= 7 && ${pos%.*} <= 12)) && break; sleep 0.2
 done
 ((${pos%.*} >= 7 && ${pos%.*} <= 12)) || fail "position $pos after seeking to 8"
