@@ -35,18 +35,20 @@ TEST(ProvideSkinBundles, FillsInOnlyWhatIsMissingFromTheFirstSourceHoldingIt) {
     Write(installed / "ZelvorBlue.rcc", "installed blue");
     Write(build / "ZelvorBlue.rcc", "build blue");
     Write(build / "ZelvorRed.rcc", "build red");
-    Write(build / "ZelvorGreen.rcc", "build green");
-    Write(target / "ZelvorGreen.rcc", "the user's green");
+    Write(build / "ZelvorOrange.rcc", "build orange");
+    Write(target / "ZelvorOrange.rcc", "the user's orange");
 
     EXPECT_EQ(ProvideSkinBundles(target, {installed, dir.Path() / "absent", build}), 2);
     EXPECT_EQ(Read(target / "ZelvorBlue.rcc"), "installed blue");
     EXPECT_EQ(Read(target / "ZelvorRed.rcc"), "build red");
-    EXPECT_EQ(Read(target / "ZelvorGreen.rcc"), "the user's green");
-    EXPECT_FALSE(fs::exists(target / "ZelvorOrange.rcc"));
+    EXPECT_EQ(Read(target / "ZelvorOrange.rcc"), "the user's orange");
+    EXPECT_FALSE(fs::exists(target / "ZelvorGreen.rcc"));
     EXPECT_FALSE(fs::exists(target / "ZelvorBlue.rcc.part"));
 
-    // The next start finds nothing to do.
-    EXPECT_EQ(ProvideSkinBundles(target, {installed, build}), 0);
+    // The next start finds nothing to do but what has turned up since.
+    Write(installed / "ZelvorGreen.rcc", "installed green");
+    EXPECT_EQ(ProvideSkinBundles(target, {installed, build}), 1);
+    EXPECT_EQ(Read(target / "ZelvorGreen.rcc"), "installed green");
 }
 
 TEST(ProvideSkinBundles, MissingTargetGetsNothing) {
