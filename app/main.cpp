@@ -5,12 +5,14 @@
 //
 // --root is the host folder that stands for the device's "\" (default
 // $ZELVOR_ROOT, else $XDG_DATA_HOME/zelvor/device); --card and --flash bind
-// the storage card and the flash disk to other host folders; --program-dir
-// is the device path of the program directory (default \Flash Disk\Zelvor);
-// --screen is the device screen (default 240x320): the window has that size
-// on a desktop (QT_SCALE_FACTOR enlarges it) and covers a display of exactly
-// that size. The remaining words are the command line the device would pass
-// ("navigon" from the navigation application).
+// the storage card and the flash disk to other host folders (--card
+// defaults to $ZELVOR_CARD: "zelvor --card ~/Music" is a desktop's whole
+// set-up); --program-dir is the device path of the program directory
+// (default \Flash Disk\Zelvor); --screen is the device screen (default
+// 240x320): the window has that size on a desktop (QT_SCALE_FACTOR enlarges
+// it) and covers a display of exactly that size. The remaining words are the
+// command line the device would pass ("navigon" from the navigation
+// application).
 //
 // --tour DIR walks through the player by itself (see demo_tour.h), saving a
 // picture after each step into DIR, and ends; with QT_QPA_PLATFORM=offscreen
@@ -23,6 +25,7 @@
 #include <QSocketNotifier>
 #include <atomic>
 #include <csignal>
+#include <cstdlib>
 #include <cstdio>
 #include <optional>
 #include <string>
@@ -31,6 +34,8 @@
 #include "app/application.h"
 #include "app/application_values.h"
 #include "app/window_messages.h"
+#include "desktop/desktop_session.h"
+#include "desktop/mpris_service.h"
 #include "platform/device.h"
 #include "platform/host/gst_media_graph.h"
 #include "platform/text.h"
@@ -71,6 +76,8 @@ std::optional<QSize> ParseScreen(const QString& text) {
 
 std::optional<std::string> ParseOptions(const QStringList& args, ProgramOptions& o) {
     o.device.root = DefaultDeviceRoot();
+    if (const char* card = std::getenv("ZELVOR_CARD"); card && *card)
+        o.device.card = card;
     for (qsizetype i = 1; i < args.size(); ++i) {
         const QString& a = args[i];
         const bool takesValue = a == "--root" || a == "--card" || a == "--flash" ||
@@ -147,6 +154,8 @@ int main(int argc, char** argv) {
         return 1;
     }
     ScopedCurrentDevice current(*device);
+    ProvideDesktopSkins(*device, QCoreApplication::applicationDirPath());
+    SetDesktopIdentity(QCoreApplication::applicationDirPath());
 
     // Every track plays through one factory's graphs (ZELVOR_AUDIO_SINK
     // chooses where the sound goes); it outlives the frame and its player.
@@ -174,6 +183,21 @@ int main(int argc, char** argv) {
         return app.ExitInstance();
 
     CloseOnTerminationSignals(shell, &qtApp);
+    const auto postToFrame = [&shell](const WindowMessage& message) {
+        if (CMainFrame* frame = shell.Frame())
+            frame->PostFrameMessage(message);
+    };
+    // A desktop mounts and unmounts the card; the frame hears of it as it
+    // hears of the device shell's card.
+    const auto cardWatcher = WatchStorageCard(*device, postToFrame);
+    // The desktop's remote control, while a session bus is there.
+    const auto remoteControl = MprisService::Start(
+        {[&shell]() -> Player* {
+             CMainFrame* frame = shell.Frame();
+             PlayerPane* pane = frame ? frame->PlayerScreen() : nullptr;
+             return pane ? pane->RemoteControlPlayer() : nullptr;
+         },
+         postToFrame});
     std::optional<DemoTour> tour;
     if (options.tour) {
         tour.emplace(*shell.Frame(), *options.tour);

@@ -13,6 +13,7 @@ class QWidget;
 
 namespace zelvor {
 
+class Player;
 class TrackList;
 
 // Posts a message to the main frame; it is handled after the current
@@ -77,6 +78,9 @@ public:
     // file is written at once).
     virtual void CopyQueue(TrackList& into) = 0;
     virtual void ReplaceQueueKeepingCurrent(const TrackList& list) = 0;
+    // The player a desktop's remote control drives, with the same commands
+    // as the screen's buttons; null for a pane that has none.
+    virtual Player* RemoteControlPlayer() { return nullptr; }
 };
 
 } // namespace zelvor

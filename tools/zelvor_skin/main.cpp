@@ -5,6 +5,9 @@
 //       (default skin.qrc) listing them under PATH (default "/"), for rcc
 //   zelvor-skin preview --colour N --out DIR
 //       a contact sheet and mock-ups of the screens as PNGs
+//   zelvor-skin icon --out DIR
+//       the program's desktop icon: DIR/hicolor/<n>x<n>/apps/zelvor.png and
+//       DIR/hicolor/scalable/apps/zelvor.svg
 //
 // Colours: 0 the program's own set, 1 Blue, 2 Red, 3 Orange, 4 Green.
 
@@ -13,6 +16,7 @@
 #include <cstdio>
 #include <optional>
 
+#include "app_icon.h"
 #include "palette.h"
 #include "preview.h"
 #include "skin_set.h"
@@ -93,12 +97,23 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     QGuiApplication app(argc, argv);
+    const QStringList args = app.arguments();
+    if (args.size() == 4 && args[1] == QStringLiteral("icon") &&
+        args[2] == QStringLiteral("--out")) {
+        QString error;
+        if (!WriteAppIcons(args[3], &error)) {
+            std::fprintf(stderr, "zelvor-skin: %s\n", qPrintable(error));
+            return 1;
+        }
+        return 0;
+    }
     const auto options = Parse(app.arguments());
     if (!options ||
         (options->command != QStringLiteral("generate") &&
          options->command != QStringLiteral("preview"))) {
         std::fputs("usage: zelvor-skin generate --colour 0-4 --out DIR [--prefix /PATH] "
-                   "[--qrc NAME]\n       zelvor-skin preview --colour 0-4 --out DIR\n",
+                   "[--qrc NAME]\n       zelvor-skin preview --colour 0-4 --out DIR\n"
+                   "       zelvor-skin icon --out DIR\n",
                    stderr);
         return 2;
     }

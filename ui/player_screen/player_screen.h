@@ -60,6 +60,7 @@ public:
     void PlayFromBrowser(const TrackList& songs, int start) override;
     void CopyQueue(TrackList& into) override;
     void ReplaceQueueKeepingCurrent(const TrackList& list) override;
+    Player* RemoteControlPlayer() override { return m_player.get(); }
 
     Player& GetPlayer() { return *m_player; }
     PlayerScreenControl& Control() { return *m_control; }
