@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QImage>
+#include <QLineEdit>
 #include <set>
 
 #include "app/settings.h"
@@ -139,6 +140,15 @@ TEST_F(BrowserInFrame, TapsGoToAnArtistAndPlayItsSongsThroughTheFrame) {
     EXPECT_EQ(queue.Entry(queue.CurrentIndex())->Text(kFieldTitle), songs[1]);
     EXPECT_EQ(player->GetPlayer().Engine().State(), kPlayStatePlaying);
 
+    // The frame's messages while the browser shows: the shell's status is
+    // not the player's, a card removal drops the songs, the back key leaves.
+    frame->ShowBrowser();
+    EXPECT_EQ(frame->SendFrameMessage({kMsgShellStatus, 0, 7}), 0);
+    frame->SendFrameMessage({kMsgStorageCard, 0, 0});
+    EXPECT_EQ(browser->List()->model()->rowCount(), 0);
+    frame->SendFrameMessage({kMsgBackKey, 0, 0});
+    EXPECT_TRUE(player->isVisible());
+
     // Up from each level; at the top the same button leaves for the player.
     frame->ShowBrowser();
     for (int level = 2; level >= 0; --level) {
@@ -228,6 +238,7 @@ TEST_P(LoneBrowser, ButtonsAndListSitAtTheirPlacesAndTheTotalLineIsPainted) {
     };
     const int total = darkPixels();
     EXPECT_GT(total, 20);
+    EXPECT_EQ(screen->grab(status).toImage(), screen->RenderScreen().copy(status));
     screen->ShowStatusText(u"Searching for files...");
     EXPECT_GT(darkPixels(), total); // a longer text
     screen->ShowStatusText(u"");
@@ -242,6 +253,13 @@ TEST_P(LoneBrowser, MenusOfferTheirEntriesAndActOnTheOneChosen) {
     QMenu* menu = screen->OpenMenu();
     ASSERT_NE(menu, nullptr);
     ASSERT_EQ(menu->actions().size(), 5);
+    // Under the button where it fits, and always on the device's screen.
+    const QRect device(screen->mapToGlobal(QPoint()), screen->size());
+    const QWidget* star = screen->Button(kCmdFavourites);
+    EXPECT_TRUE(device.contains(QRect(menu->pos(), menu->sizeHint()))) << menu->pos().y();
+    if (GetParam()) {
+        EXPECT_EQ(menu->pos().y(), star->mapToGlobal(QPoint(0, star->height())).y());
+    }
     menu->actions()[1]->trigger();
     PlaylistEntryList favourites;
     LoadPlaylist(GetFavoritesPath(1), favourites);
@@ -260,6 +278,25 @@ TEST_P(LoneBrowser, MenusOfferTheirEntriesAndActOnTheOneChosen) {
     EXPECT_FALSE(menu->actions()[0]->isEnabled());
     menu->close();
 
+    // Rename in place: the edit's end renames the file; Escape cancels.
+    screen->SelectRow(9);
+    screen->Controller().OnCommand(kCmdRename);
+    auto* editor = screen->List()->findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    editor->setText("Trip");
+    SendKey(editor, QEvent::KeyPress, Qt::Key_Return);
+    SpinEvents(20);
+    EXPECT_EQ(screen->Controller().Playlists().at(0).name, u"Trip");
+    EXPECT_EQ(screen->Controller().Rows().At(9)->Text(1), u"Trip");
+    screen->Controller().OnCommand(kCmdRename);
+    editor = screen->List()->findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    editor->setText("Other");
+    SendKey(editor, QEvent::KeyPress, Qt::Key_Escape);
+    SpinEvents(20);
+    EXPECT_EQ(screen->Controller().Playlists().at(0).name, u"Trip");
+    EXPECT_TRUE(host.beeps == 0);
+
     screen->Button(kCmdUp)->click();
     EXPECT_EQ(frame.playerShown, 1);
 }
@@ -273,6 +310,7 @@ TEST_P(LoneBrowser, TheUpdateDialogReplacesTheLibraryAndTellsTheFrame) {
     ASSERT_EQ(frame.posted.size(), 1u);
     EXPECT_EQ(frame.posted[0].message, kMsgUpdateFinished);
     EXPECT_EQ(frame.posted[0].wParam, 1u);
+    EXPECT_EQ(frame.posted[0].lParam, 0); // no refill asked
 }
 
 INSTANTIATE_TEST_SUITE_P(Orientations, LoneBrowser, ::testing::Values(true, false),

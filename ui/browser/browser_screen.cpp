@@ -57,6 +57,9 @@ CBrowserScreen::CBrowserScreen(FrameMessages& frame, TrackList& library, RecordB
     m_auxiliary->hide();
     MakeButtons();
     RedoLayout();
+    // The frame keeps the pane the size of the device screen; alone it
+    // starts at the layout's size.
+    resize(m_layout.screen.width, m_layout.screen.height);
     m_controller.ShowTopList();
 }
 

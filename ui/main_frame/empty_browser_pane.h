@@ -1,7 +1,8 @@
 #pragma once
-// The browser pane the frame holds while the program has no browser screen:
-// it shows the skin's browser background and nothing else, so the rules
-// that ask about the browser find one that is hidden and has no rows.
+// The browser pane of a frame made without a browser maker (the program
+// makes CBrowserScreen; tests of the frame alone use this): it shows the
+// skin's browser background and nothing else, so the rules that ask about
+// the browser find one that is hidden and has no rows.
 
 #include <QWidget>
 
