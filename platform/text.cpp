@@ -49,21 +49,33 @@ int Sign(UCollationResult r) {
     return r == UCOL_LESS ? -1 : (r == UCOL_GREATER ? 1 : 0);
 }
 
-std::string SortKey(std::u16string_view text, bool ignoreCase) {
+// Appends the key after out's present bytes: written straight into the
+// buffer's spare room, which is grown only when the key does not fit.
+void AppendSortKey(std::u16string_view text, bool ignoreCase, std::string& out) {
     const icu::Collator& coll = Collators::Get(ignoreCase);
-    std::string key(text.size() * 2 + 16, '\0');
+    const size_t start = out.size();
+    size_t room = text.size() * 2 + 16;
     for (;;) {
+        out.resize(start + room);
         int32_t needed = coll.getSortKey(AsUChar(text), Length(text),
-                                         reinterpret_cast<uint8_t*>(key.data()),
-                                         static_cast<int32_t>(key.size()));
-        if (needed <= 0)
-            return {};
-        if (static_cast<size_t>(needed) <= key.size()) {
-            key.resize(static_cast<size_t>(needed) - 1); // drop the terminating zero
-            return key;
+                                         reinterpret_cast<uint8_t*>(out.data() + start),
+                                         static_cast<int32_t>(room));
+        if (needed <= 0) {
+            out.resize(start);
+            return;
         }
-        key.resize(static_cast<size_t>(needed));
+        if (static_cast<size_t>(needed) <= room) {
+            out.resize(start + static_cast<size_t>(needed) - 1); // drop the terminating zero
+            return;
+        }
+        room = static_cast<size_t>(needed);
     }
+}
+
+std::string SortKey(std::u16string_view text, bool ignoreCase) {
+    std::string key;
+    AppendSortKey(text, ignoreCase, key);
+    return key;
 }
 
 struct CodePage {
@@ -202,6 +214,10 @@ std::string TextSortKey(std::u16string_view text) {
 
 std::string TextSortKeyIgnoreCase(std::u16string_view text) {
     return SortKey(text, true);
+}
+
+void AppendTextSortKey(std::u16string_view text, bool ignoreCase, std::string& out) {
+    AppendSortKey(text, ignoreCase, out);
 }
 
 bool EqualsIgnoreCase(std::u16string_view a, std::u16string_view b) {
