@@ -193,12 +193,14 @@ private:
     Located Locate(std::u16string_view normalized) const;
     // The host file or folder for a device path opened with the open(2)
     // flags: at once below a kept folder when the path allows, else through
-    // ToHostPath. nullopt when refused; fd -1 when the open failed.
+    // ToHostPath. nullopt when refused; fd -1 when the open failed. The host
+    // path is filled in only withHost (it may be left empty otherwise).
     struct Opened {
         int fd;
         std::filesystem::path host;
     };
-    std::optional<Opened> OpenHost(std::u16string_view devicePath, int flags) const;
+    std::optional<Opened> OpenHost(std::u16string_view devicePath, int flags,
+                                   bool withHost = true) const;
 
     std::filesystem::path m_hostRoot;
     bool m_hostRootIsReal = false;

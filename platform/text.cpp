@@ -1,5 +1,7 @@
 #include "platform/text.h"
 
+#include <algorithm>
+#include <atomic>
 #include <memory>
 #include <mutex>
 
@@ -81,6 +83,7 @@ std::string SortKey(std::u16string_view text, bool ignoreCase) {
 struct CodePage {
     std::mutex lock;
     std::string name = "windows-1252";
+    std::atomic<unsigned> generation{0}; // counts the changes of name
 };
 
 CodePage& DeviceCodePage() {
@@ -128,39 +131,74 @@ std::u16string FromUtf8(std::string_view text) {
                           static_cast<size_t>(u.length()));
 }
 
+namespace {
+
+// Whether a single-byte converter turns every byte from 0x01 to 0x7F into
+// that same character, as windows-1252 and ISO-8859-1 do (and a stateful or
+// multi-byte code page may not).
+bool KeepsAscii(UConverter* converter) {
+    if (ucnv_getMaxCharSize(converter) != 1)
+        return false;
+    char ascii[0x7F];
+    for (int i = 0; i < 0x7F; ++i)
+        ascii[i] = static_cast<char>(i + 1);
+    UChar out[0x80];
+    UErrorCode status = U_ZERO_ERROR;
+    int32_t length = ucnv_toUChars(converter, out, 0x80, ascii, 0x7F, &status);
+    if (U_FAILURE(status) || length != 0x7F)
+        return false;
+    for (int i = 0; i < 0x7F; ++i) {
+        if (out[i] != static_cast<UChar>(i + 1))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
 std::u16string DecodeSingleByte(std::string_view bytes) {
     bytes = bytes.substr(0, bytes.find('\0'));
     if (bytes.empty())
         return {};
-    std::string name;
-    {
-        CodePage& page = DeviceCodePage();
-        std::lock_guard guard(page.lock);
-        name = page.name;
-    }
     // Opening a converter by name costs more than converting a tag field, and
     // the tag readers convert several per file: each thread keeps the one it
-    // opened last. Converters are not shared between threads.
+    // opened last, until the code page changes. Converters are not shared
+    // between threads.
     struct CachedConverter {
-        std::string name;
+        unsigned generation = 0;
         UConverter* converter = nullptr;
+        bool asciiAsIs = false; // bytes below 0x80 are those characters
         ~CachedConverter() {
             if (converter)
                 ucnv_close(converter);
         }
     };
     thread_local CachedConverter cached;
-    if (cached.converter == nullptr || cached.name != name) {
+    CodePage& page = DeviceCodePage();
+    if (cached.converter == nullptr ||
+        cached.generation != page.generation.load(std::memory_order_acquire)) {
+        std::string name;
+        {
+            std::lock_guard guard(page.lock);
+            name = page.name;
+            cached.generation = page.generation.load(std::memory_order_relaxed);
+        }
         if (cached.converter)
             ucnv_close(cached.converter);
         UErrorCode status = U_ZERO_ERROR;
         cached.converter = ucnv_open(name.c_str(), &status);
         if (U_FAILURE(status))
             cached.converter = nullptr;
-        cached.name = name;
+        cached.asciiAsIs = cached.converter && KeepsAscii(cached.converter);
     }
     if (cached.converter == nullptr)
         return {};
+    // Most tag texts are plain ASCII: widened as they are when the code page
+    // is known to map those bytes to themselves.
+    if (cached.asciiAsIs && std::all_of(bytes.begin(), bytes.end(), [](char c) {
+            return static_cast<unsigned char>(c) < 0x80;
+        }))
+        return std::u16string(bytes.begin(), bytes.end());
     std::u16string out(bytes.size() * 2, u'\0');
     for (;;) {
         UErrorCode status = U_ZERO_ERROR;
@@ -191,6 +229,7 @@ bool SetDeviceCodePage(std::string_view icuConverterName) {
     CodePage& page = DeviceCodePage();
     std::lock_guard guard(page.lock);
     page.name = std::move(name);
+    page.generation.fetch_add(1, std::memory_order_release);
     return true;
 }
 
