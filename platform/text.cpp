@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstdint>
+#include <type_traits>
 #include <memory>
 #include <mutex>
 
@@ -118,13 +120,29 @@ std::u16string Substitute(std::u16string_view format, char16_t directive,
 
 } // namespace
 
+namespace {
+
+// File names and tag texts are mostly ASCII, which both forms spell alike:
+// copied unit by unit, without ICU's conversion and its temporary string.
+template <typename Unit> bool IsAscii(std::basic_string_view<Unit> text) {
+    return std::all_of(text.begin(), text.end(), [](Unit c) {
+        return static_cast<std::uint32_t>(static_cast<std::make_unsigned_t<Unit>>(c)) < 0x80;
+    });
+}
+
+} // namespace
+
 std::string ToUtf8(std::u16string_view text) {
+    if (IsAscii(text))
+        return std::string(text.begin(), text.end());
     std::string out;
     icu::UnicodeString(false, AsUChar(text), Length(text)).toUTF8String(out);
     return out;
 }
 
 std::u16string FromUtf8(std::string_view text) {
+    if (IsAscii(text))
+        return std::u16string(text.begin(), text.end());
     icu::UnicodeString u = icu::UnicodeString::fromUTF8(
         icu::StringPiece(text.data(), static_cast<int32_t>(text.size())));
     return std::u16string(reinterpret_cast<const char16_t*>(u.getBuffer()),
