@@ -20,13 +20,22 @@
 //
 // SIGINT and SIGTERM end the program as the shell's close request does, so
 // the player's settings and queue are saved.
+//
+// ZELVOR_START_PROBE=1 is for the start-up benchmark: at the first paint of
+// the player screen zelvor prints "first-paint-ms N" (since main began), a
+// second later "rss-kb N" (its resident memory, the library loaded by then),
+// and ends at once, saving nothing.
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QSocketNotifier>
+#include <QTimer>
 #include <atomic>
 #include <csignal>
 #include <cstdlib>
 #include <cstdio>
+#include <cstdlib>
+#include <fstream>
 #include <optional>
 #include <string>
 #include <unistd.h>
@@ -138,10 +147,48 @@ void CloseOnTerminationSignals(HostApplicationShell& shell, QObject* owner) {
     std::signal(SIGTERM, OnTerminationSignal);
 }
 
+// The start-up benchmark's probe (ZELVOR_START_PROBE): watches every event
+// for the player screen's first paint.
+class StartProbe final : public QObject {
+public:
+    StartProbe() { m_sinceMain.start(); }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (!m_painted && event->type() == QEvent::Paint &&
+            dynamic_cast<CPlayerScreen*>(watched) != nullptr) {
+            m_painted = true;
+            // Queued, so that it runs once this paint is done.
+            QTimer::singleShot(0, this, [this] {
+                std::printf("first-paint-ms %lld\n", static_cast<long long>(m_sinceMain.elapsed()));
+                std::fflush(stdout);
+                QTimer::singleShot(1000, this, [] { ReportMemoryAndEnd(); });
+            });
+        }
+        return false;
+    }
+
+private:
+    static void ReportMemoryAndEnd() {
+        std::ifstream status("/proc/self/status");
+        for (std::string line; std::getline(status, line);) {
+            if (line.rfind("VmRSS:", 0) == 0)
+                std::printf("rss-kb %lld\n", std::atoll(line.c_str() + 6));
+        }
+        std::fflush(stdout);
+        std::_Exit(0);
+    }
+    QElapsedTimer m_sinceMain;
+    bool m_painted = false;
+};
+
 } // namespace
 
 int main(int argc, char** argv) {
+    std::optional<StartProbe> probe;
+    if (const char* wanted = std::getenv("ZELVOR_START_PROBE"); wanted && *wanted == '1')
+        probe.emplace();
     QApplication qtApp(argc, argv);
+    if (probe)
+        qtApp.installEventFilter(&*probe);
     qtApp.setQuitOnLastWindowClosed(false);
     ProgramOptions options;
     if (auto why = ParseOptions(qtApp.arguments(), options))

@@ -2,7 +2,12 @@
 // three types over 2,000 folders, hard links to a small ffmpeg corpus. Side by
 // side in one run, warm cache:
 //   - the search phase against a bare readdir walk of the same tree;
-//   - the whole update against a TagLib walk that reads the same files;
+//   - the search phase's floor: the bare walk that also reads each music
+//     file's stored attributes through its folder's descriptor, as the rules
+//     need (hidden and system files are left out);
+//   - the whole update against a TagLib walk that reads the same files, on
+//     this device and on one of MP3 and WMA files only (the formats TagLib
+//     reads; it passes over the AAC files);
 //   - the finished library's heap use against its records' text bytes;
 //   - the start-up check's fingerprints of both storages (folders on the
 //     host's disk, so each is a walk that signs the music files below it).
@@ -15,6 +20,8 @@
 #include <malloc.h>
 
 #include <dirent.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <deque>
@@ -45,12 +52,33 @@ struct SyntheticDevice {
 };
 
 SyntheticDevice* g_device = nullptr;
+SyntheticDevice* g_mp3WmaDevice = nullptr;
+
+// Makes the device current for the benchmark's run.
+class OnDevice {
+public:
+    explicit OnDevice(SyntheticDevice* device) : m_previous(g_device) {
+        g_device = device;
+        SetCurrentDevice(device->device.get());
+    }
+    ~OnDevice() {
+        g_device = m_previous;
+        SetCurrentDevice(m_previous->device.get());
+    }
+    OnDevice(const OnDevice&) = delete;
+    OnDevice& operator=(const OnDevice&) = delete;
+
+private:
+    SyntheticDevice* m_previous;
+};
 
 // Artist/Album folders on the card and the flash disk, ten files each,
-// cycling through the corpus's MP3, WMA and AAC files.
-bool MakeDevice(const bench::Corpus& corpus, const fs::path& root) {
+// cycling through the given corpus files.
+bool MakeDevice(const bench::Corpus& corpus,
+                std::initializer_list<const std::vector<std::string>*> formats,
+                const fs::path& root) {
     std::vector<fs::path> sources;
-    for (const auto* names : {&corpus.mp3, &corpus.wma, &corpus.aac})
+    for (const auto* names : formats)
         for (const auto& n : *names)
             sources.push_back(corpus.folder / n);
     if (sources.empty())
@@ -120,6 +148,46 @@ void BareWalk(benchmark::State& state) {
     }
 }
 
+// The bare walk, reading each music file's stored attributes by name from
+// its open folder (getxattrat), as the search must to leave hidden and
+// system files out: the least the search phase can do.
+void BareWalkReadingAttributes(benchmark::State& state) {
+    constexpr long kGetxattrat = 464;
+    struct XattrArgs {
+        std::uint64_t value;
+        std::uint32_t size;
+        std::uint32_t flags;
+    };
+    for (auto _ : state) {
+        int music = 0;
+        std::deque<std::string> folders{(g_device->root / "Storage Card").string(),
+                                        (g_device->root / "Flash Disk").string()};
+        while (!folders.empty()) {
+            std::string folder = std::move(folders.front());
+            folders.pop_front();
+            DIR* dir = ::opendir(folder.c_str());
+            if (!dir)
+                continue;
+            while (dirent* e = ::readdir(dir)) {
+                std::string_view name = e->d_name;
+                if (name[0] == '.')
+                    continue;
+                if (e->d_type == DT_DIR) {
+                    folders.push_back(folder + "/" + e->d_name);
+                } else if (name.ends_with(".mp3") || name.ends_with(".wma") || name.ends_with(".aac")) {
+                    char value[16];
+                    XattrArgs args{reinterpret_cast<std::uintptr_t>(value), sizeof value, 0};
+                    benchmark::DoNotOptimize(::syscall(kGetxattrat, ::dirfd(dir), e->d_name, 0,
+                                                       "user.zelvor.attributes", &args, sizeof args));
+                    ++music;
+                }
+            }
+            ::closedir(dir);
+        }
+        state.counters["files"] = music;
+    }
+}
+
 void SearchPhase(benchmark::State& state) {
     for (auto _ : state) {
         LibraryUpdater updater([](std::u16string_view, int) { return nullptr; });
@@ -142,6 +210,7 @@ std::unique_ptr<TrackRecord> Build(std::u16string_view path, int type) {
 }
 
 void WholeUpdate(benchmark::State& state) {
+    OnDevice on(state.range(0) ? g_mp3WmaDevice : g_device);
     for (auto _ : state) {
         const size_t before = mallinfo2().uordblks;
         LibraryUpdater adder(Build);
@@ -160,6 +229,7 @@ void WholeUpdate(benchmark::State& state) {
 
 // The same files through TagLib, found by the same bare walk.
 void TagLibWalk(benchmark::State& state) {
+    OnDevice on(state.range(0) ? g_mp3WmaDevice : g_device);
     for (auto _ : state) {
         int read = 0;
         WalkFiles([&](const std::string& path) {
@@ -188,21 +258,28 @@ int main(int argc, char** argv) {
     }
     SyntheticDevice device;
     device.root = corpus.folder.parent_path() / "scan_device";
-    if (!MakeDevice(corpus, device.root)) {
+    SyntheticDevice mp3Wma;
+    mp3Wma.root = corpus.folder.parent_path() / "scan_device_mp3_wma";
+    if (!MakeDevice(corpus, {&corpus.mp3, &corpus.wma, &corpus.aac}, device.root) ||
+        !MakeDevice(corpus, {&corpus.mp3, &corpus.wma}, mp3Wma.root)) {
         std::fprintf(stderr, "zelvor_bench_scan: could not make the device\n");
         return 1;
     }
-    DeviceConfig config;
-    config.root = device.root;
-    device.device = Device::Open(config);
+    device.device = Device::Open({.root = device.root});
+    mp3Wma.device = Device::Open({.root = mp3Wma.root});
     SetCurrentDevice(device.device.get());
     g_device = &device;
+    g_mp3WmaDevice = &mp3Wma;
 
     benchmark::RegisterBenchmark("scan/bare_readdir_walk", BareWalk)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("scan/bare_walk_reading_attributes", BareWalkReadingAttributes)
+        ->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("scan/search_phase", SearchPhase)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("scan/fingerprints", Fingerprints)->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark("scan/taglib_walk", TagLibWalk)->Unit(benchmark::kMillisecond)->Iterations(2);
-    benchmark::RegisterBenchmark("scan/whole_update", WholeUpdate)->Unit(benchmark::kMillisecond)->Iterations(2);
+    // mp3_wma:1 is the device of MP3 and WMA files only.
+    for (auto* b : {benchmark::RegisterBenchmark("scan/taglib_walk", TagLibWalk),
+                    benchmark::RegisterBenchmark("scan/whole_update", WholeUpdate)})
+        b->ArgName("mp3_wma")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->Iterations(2);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return 0;

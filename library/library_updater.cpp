@@ -1,5 +1,6 @@
 #include "library/library_updater.h"
 
+#include <algorithm>
 #include <new>
 
 #include "app/local_text.h"
@@ -70,15 +71,36 @@ bool IsSkippedFolder(const FindData& data, std::u16string_view child) {
            ((data.attributes & kAttrReparsePoint) != 0 && LeadsBackToItsPath(child));
 }
 
-// Calls visit(name) for each NUL-ended name packed in `names`.
+// Calls visit(name, index) for each NUL-ended name packed in `names`.
 template <typename Visit> void ForEachName(std::u16string_view names, Visit visit) {
-    while (!names.empty()) {
+    for (size_t index = 0; !names.empty(); ++index) {
         size_t end = names.find(u'\0');
-        visit(names.substr(0, end));
+        visit(names.substr(0, end), index);
         if (end == std::u16string_view::npos)
             break;
         names.remove_prefix(end + 1);
     }
+}
+
+// Every entry of a folder with its attribute bits; empty when it cannot be
+// opened or holds nothing (then FindFirst finds nothing either).
+std::vector<FindData> ListFolder(std::u16string_view folder) {
+    std::vector<FindData> entries;
+    FindData data;
+    auto find = Fs().FindFirst(PatternOf(folder), data, FindDetail::Attributes);
+    if (!find)
+        return entries;
+    do
+        entries.push_back(std::move(data));
+    while (find->Next(data));
+    return entries;
+}
+
+// Empty: every entry is a sub-folder whose name begins with ".".
+bool IsListingEmpty(const std::vector<FindData>& entries) {
+    return std::all_of(entries.begin(), entries.end(), [](const FindData& data) {
+        return IsDirectory(data) && IsDotName(data.name);
+    });
 }
 
 } // namespace
@@ -142,6 +164,7 @@ int LibraryUpdater::ScanFolderTree() {
     std::array<Level, kMaxScanLevels> levels;
     int deepest = 0;
     ShowCount(kTextFilesFound, 0);
+    m_rootListing.reset();
     const bool completed = SearchLevels(levels, deepest);
 
     if (m_view)
@@ -151,6 +174,7 @@ int LibraryUpdater::ScanFolderTree() {
     m_stats = {};
     if (completed && !m_stopped)
         SweepFiles(levels, deepest);
+    m_rootListing.reset();
     return 1;
 }
 
@@ -158,43 +182,54 @@ int LibraryUpdater::ScanFolderTree() {
 // false when stopped (Cancel or a level copy that could not be had).
 bool LibraryUpdater::SearchLevels(std::array<Level, kMaxScanLevels>& levels, int& deepest) {
     std::u16string area; // the name area; never grown beyond kNameAreaBytes
+    std::vector<std::optional<Listing>> areaListings;
     for (int depth = 0; depth < kMaxScanLevels && !m_stopped; ++depth) {
         int taken = 0;
         bool areaFull = false;
-        auto searchFolder = [&](std::u16string_view folder) {
-            FindData data;
-            auto find = Fs().FindFirst(PatternOf(folder), data, FindDetail::TypeOnly);
-            if (!find)
+        auto searchFolder = [&](std::u16string_view folder, std::optional<Listing>& listing) {
+            if (!listing)
+                listing = ListFolder(folder);
+            if (listing->empty())
                 return;
-            do {
+            for (size_t i = 0; i < listing->size(); ++i) {
+                // After a cancel a folder is left after its first entry.
+                if (i > 0 && m_stopped)
+                    break;
+                const FindData& data = (*listing)[i];
                 if (!IsDirectory(data))
                     continue;
                 std::u16string child = ChildOf(folder, data.name);
                 if (IsSkippedFolder(data, child))
                     continue;
-                bool take = depth == 0 && RestrictedTopLevel()
-                                ? CompareTextIgnoreCase(child, m_storage[0]) == 0 ||
-                                      CompareTextIgnoreCase(child, m_storage[1]) == 0
-                                : !IsFolderEmpty(child);
-                // The area is not grown: once a name would not fit, this level
-                // takes no more folders.
-                if (!take || areaFull)
+                const bool restricted = depth == 0 && RestrictedTopLevel();
+                if (restricted ? CompareTextIgnoreCase(child, m_storage[0]) != 0 &&
+                                     CompareTextIgnoreCase(child, m_storage[1]) != 0
+                               : areaFull)
                     continue;
-                if ((area.size() + child.size() + 1) * sizeof(char16_t) > kNameAreaBytes) {
+                // The area is not grown: once a name would not fit, this level
+                // takes no more folders (nor lists them to test them).
+                std::optional<Listing> childListing;
+                if (!restricted && IsListingEmpty(*(childListing = ListFolder(child))))
+                    continue;
+                if (areaFull ||
+                    (area.size() + child.size() + 1) * sizeof(char16_t) > kNameAreaBytes) {
                     areaFull = true;
                     continue;
                 }
                 area += child;
                 area += u'\0';
+                areaListings.push_back(std::move(childListing));
                 ++taken;
-            } while (!m_stopped && find->Next(data));
+            }
             if (m_view)
                 PumpCancelled(); // the remaining folders then see their first entry only
         };
         if (depth == 0)
-            searchFolder(m_root);
+            searchFolder(m_root, m_rootListing);
         else
-            ForEachName(levels[depth - 1].names, searchFolder);
+            ForEachName(levels[depth - 1].names, [&](std::u16string_view folder, size_t index) {
+                searchFolder(folder, levels[depth - 1].listings[index]);
+            });
 
         if (taken == 0) {
             deepest = depth;
@@ -206,27 +241,27 @@ bool LibraryUpdater::SearchLevels(std::array<Level, kMaxScanLevels>& levels, int
         }
         levels[depth].names = area; // the exact-size copy of this level
         levels[depth].count = taken;
+        levels[depth].listings = std::move(areaListings);
         area.clear();
+        areaListings.clear();
     }
     // Stopped, or the tenth depth still had sub-folders: the deepest depth
     // stays 0 and only the root's own files are swept.
     return !m_stopped;
 }
 
-void LibraryUpdater::SweepFiles(const std::array<Level, kMaxScanLevels>& levels, int deepest) {
+void LibraryUpdater::SweepFiles(std::array<Level, kMaxScanLevels>& levels, int deepest) {
     int progress = 0;
     for (int depth = deepest; depth >= 0 && !m_stopped; --depth) {
-        auto sweepFolder = [&](std::u16string_view folder) {
+        auto sweepFolder = [&](std::u16string_view folder, std::optional<Listing>& listing) {
             // Once stopped, the found list is thrown away by the caller, so
-            // the remaining folders need not be opened at all.
+            // the remaining folders need not be looked at.
             if (m_stopped)
                 return;
-            FindData data;
-            auto find = Fs().FindFirst(PatternOf(folder), data, FindDetail::Attributes);
-            if (!find)
-                return;
+            if (!listing)
+                listing = ListFolder(folder);
             int entry = 0;
-            do {
+            for (const FindData& data : *listing) {
                 if (!IsDirectory(data)) {
                     int type = GetAudioFileType(data.name);
                     if (type != kNotMusic && AddFoundFile(ChildOf(folder, data.name), data, type)) {
@@ -239,12 +274,15 @@ void LibraryUpdater::SweepFiles(const std::array<Level, kMaxScanLevels>& levels,
                     if (m_stopped)
                         break;
                 }
-            } while (find->Next(data));
+            }
+            listing.reset(); // swept: its names are in the found list now
         };
         if (depth == 0)
-            sweepFolder(m_root);
+            sweepFolder(m_root, m_rootListing);
         else
-            ForEachName(levels[depth - 1].names, sweepFolder);
+            ForEachName(levels[depth - 1].names, [&](std::u16string_view folder, size_t index) {
+                sweepFolder(folder, levels[depth - 1].listings[index]);
+            });
         ++m_stats.levels;
         ShowPosition(++progress);
     }

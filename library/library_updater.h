@@ -12,6 +12,10 @@
 // are entered like the others, except one that leads back to a folder on its
 // own path (compared by device and inode numbers).
 //
+// Each folder is listed once: the search lists a sub-folder when it tests
+// whether it is empty and keeps the listing, walks that listing for the next
+// level's folders, and the sweep takes the files from it too.
+//
 // Two forms share the rules: the interactive one reports to an UpdateView and
 // pumps it after every folder and file, so Cancel can stop it; the silent one
 // runs without a view. Cancel (from the view's pump, or RequestCancel from
@@ -24,8 +28,10 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "library/track_list.h"
 #include "library/update_view.h"
@@ -98,12 +104,17 @@ protected:
     virtual bool CanAllocate(std::size_t bytes);
 
 private:
+    // One folder's entries (with their attribute bits) in listing order;
+    // empty when the folder cannot be opened or holds nothing.
+    using Listing = std::vector<FindData>;
     struct Level {
         std::u16string names; // folder paths, each ended by a NUL
         int count = 0;
+        // Parallel to names: each folder's listing, nullopt until listed.
+        std::vector<std::optional<Listing>> listings;
     };
     bool SearchLevels(std::array<Level, kMaxScanLevels>& levels, int& deepest);
-    void SweepFiles(const std::array<Level, kMaxScanLevels>& levels, int deepest);
+    void SweepFiles(std::array<Level, kMaxScanLevels>& levels, int deepest);
     void ShowPosition(int position);
     void ShowCount(std::uint16_t textId, int count);
     bool RestrictedTopLevel() const { return !m_storage[0].empty() || !m_storage[1].empty(); }
@@ -116,6 +127,7 @@ private:
     std::atomic<bool> m_cancelAsked{false};
     std::atomic<bool> m_stopped{false};
     int m_phase = 0;
+    std::optional<Listing> m_rootListing; // during a scan
     PlaylistEntryList m_found;
     TrackList m_results;
     UpdateStats m_stats;

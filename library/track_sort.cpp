@@ -1,9 +1,10 @@
 #include "library/track_sort.h"
 
 #include <algorithm>
+#include <bit>
+#include <functional>
 #include <numeric>
 #include <string>
-#include <unordered_map>
 
 #include "library/track_list.h"
 #include "platform/text.h"
@@ -36,10 +37,74 @@ int CompareAlbumOrder(const TrackRecord& a, const TrackRecord& b) {
     return CompareText(b.Text(kFieldTitle), a.Text(kFieldTitle));
 }
 
+// The texts without repeats, in order of first appearance; distinctOf[i]
+// is the place of texts[i] among them. An open-addressing table that keeps
+// each text's hash beside its index: no node allocated per text, and a text
+// is read again only when a whole hash matches.
+std::vector<std::u16string_view> DistinctTexts(std::span<const std::u16string_view> texts,
+                                               std::vector<std::uint32_t>& distinctOf) {
+    struct Slot {
+        std::uint64_t hash;
+        std::uint32_t index; // kFree when unused
+    };
+    constexpr std::uint32_t kFree = 0xFFFFFFFF;
+    const size_t mask = std::bit_ceil(texts.size() * 2 + 16) - 1;
+    std::vector<Slot> slots(mask + 1, Slot{0, kFree});
+    std::vector<std::u16string_view> distinct;
+    const std::hash<std::u16string_view> hashOf;
+    for (size_t i = 0; i < texts.size(); ++i) {
+        const std::uint64_t hash = hashOf(texts[i]);
+        size_t at = hash & mask;
+        while (slots[at].index != kFree &&
+               (slots[at].hash != hash || distinct[slots[at].index] != texts[i]))
+            at = (at + 1) & mask;
+        if (slots[at].index == kFree) {
+            slots[at] = {hash, static_cast<std::uint32_t>(distinct.size())};
+            distinct.push_back(texts[i]);
+        }
+        distinctOf[i] = slots[at].index;
+    }
+    return distinct;
+}
+
+// Eight bytes of a key from `from` on, big-endian, zero-padded: numbers
+// compare as the bytes do, and a key never holds a zero byte, so a shorter
+// key that begins another still comes first.
+std::uint64_t KeyWord(std::string_view key, size_t from) {
+    std::uint64_t word = 0;
+    for (size_t i = from; i < from + 8; ++i)
+        word = (word << 8) | (i < key.size() ? static_cast<unsigned char>(key[i]) : 0u);
+    return word;
+}
+
+// A key's first sixteen bytes as two numbers, and which key it is.
+struct KeyItem {
+    std::uint64_t high;
+    std::uint64_t low;
+    std::uint32_t id;
+    bool SamePrefix(const KeyItem& other) const { return high == other.high && low == other.low; }
+    bool PrefixBefore(const KeyItem& other) const {
+        return high != other.high ? high < other.high : low < other.low;
+    }
+};
+
 struct SortItem {
     std::uint64_t key;
     std::uint32_t index;
 };
+
+// A stable counting sort, for keys that are ranks below rankCount.
+void SortItemsByRank(std::vector<SortItem>& items, std::uint32_t rankCount, bool ascending) {
+    std::vector<std::uint32_t> start(rankCount + 1, 0);
+    for (const SortItem& item : items)
+        ++start[(ascending ? item.key : rankCount - 1 - item.key) + 1];
+    for (std::uint32_t r = 0; r < rankCount; ++r)
+        start[r + 1] += start[r];
+    std::vector<SortItem> sorted(items.size());
+    for (const SortItem& item : items)
+        sorted[start[ascending ? item.key : rankCount - 1 - item.key]++] = item;
+    items.swap(sorted);
+}
 
 void SortItems(std::vector<SortItem>& items, bool ascending) {
     if (ascending)
@@ -136,12 +201,17 @@ void SortTrackRecords(std::vector<std::unique_ptr<TrackRecord>>& records,
         for (const auto& record : records)
             texts.push_back(record->Text(field));
         std::vector<std::uint32_t> ranks = RankTexts(texts, true);
-        for (std::uint32_t i = 0; i < records.size(); ++i)
+        std::uint32_t rankCount = 0;
+        for (std::uint32_t i = 0; i < records.size(); ++i) {
             items[i] = {ranks[i], i};
+            rankCount = std::max(rankCount, ranks[i] + 1);
+        }
+        SortItemsByRank(items, rankCount, ascending);
     } else {
         return; // no texts to compare: every record ties, the order stays
     }
-    SortItems(items, ascending);
+    if (IsNumberSortField(field) || field == kSortAlbumOrder)
+        SortItems(items, ascending);
     if (field == kSortAlbumOrder)
         BreakTiesByTitle(records, items, ascending);
 
@@ -154,25 +224,37 @@ void SortTrackRecords(std::vector<std::unique_ptr<TrackRecord>>& records,
 
 std::vector<std::uint32_t> RankTexts(std::span<const std::u16string_view> texts, bool ignoreCase) {
     // Distinct texts first: albums, artists and genres repeat a lot.
-    std::unordered_map<std::u16string_view, std::uint32_t> distinctIndex;
     std::vector<std::uint32_t> distinctOf(texts.size());
-    std::vector<std::string> keys;
-    for (size_t i = 0; i < texts.size(); ++i) {
-        auto [it, added] = distinctIndex.try_emplace(texts[i], static_cast<std::uint32_t>(keys.size()));
-        if (added)
-            keys.push_back(ignoreCase ? TextSortKeyIgnoreCase(texts[i]) : TextSortKey(texts[i]));
-        distinctOf[i] = it->second;
+    const std::vector<std::u16string_view> distinct = DistinctTexts(texts, distinctOf);
+
+    // Every key in one buffer, and each key's first bytes as numbers:
+    // most comparisons end there, without following a pointer.
+    std::string arena;
+    std::vector<std::uint32_t> keyEnd(distinct.size());
+    std::vector<KeyItem> order(distinct.size());
+    for (std::uint32_t d = 0; d < distinct.size(); ++d) {
+        const size_t start = arena.size();
+        AppendTextSortKey(distinct[d], ignoreCase, arena);
+        keyEnd[d] = static_cast<std::uint32_t>(arena.size());
+        const std::string_view key = std::string_view(arena).substr(start);
+        order[d] = {KeyWord(key, 0), KeyWord(key, 8), d};
     }
-    std::vector<std::uint32_t> order(keys.size());
-    std::iota(order.begin(), order.end(), 0u);
-    std::sort(order.begin(), order.end(),
-              [&](std::uint32_t a, std::uint32_t b) { return keys[a] < keys[b]; });
-    std::vector<std::uint32_t> rankOfDistinct(keys.size());
+    auto keyOf = [&](std::uint32_t d) {
+        const std::uint32_t start = d == 0 ? 0 : keyEnd[d - 1];
+        return std::string_view(arena).substr(start, keyEnd[d] - start);
+    };
+    std::sort(order.begin(), order.end(), [&](const KeyItem& a, const KeyItem& b) {
+        if (!a.SamePrefix(b))
+            return a.PrefixBefore(b);
+        return keyOf(a.id).compare(keyOf(b.id)) < 0;
+    });
+    std::vector<std::uint32_t> rankOfDistinct(distinct.size());
     std::uint32_t rank = 0;
     for (size_t i = 0; i < order.size(); ++i) {
-        if (i > 0 && keys[order[i]] != keys[order[i - 1]])
+        if (i > 0 && (!order[i].SamePrefix(order[i - 1]) ||
+                      keyOf(order[i].id) != keyOf(order[i - 1].id)))
             ++rank;
-        rankOfDistinct[order[i]] = rank;
+        rankOfDistinct[order[i].id] = rank;
     }
     std::vector<std::uint32_t> ranks(texts.size());
     for (size_t i = 0; i < texts.size(); ++i)

@@ -47,9 +47,13 @@ std::uint64_t ToFileTime(const struct timespec& ts) {
            static_cast<std::uint64_t>(ts.tv_nsec) / 100;
 }
 
-std::uint32_t AttributesOf(const fs::path& host, const struct stat& st, bool mayBeFat = true) {
+// The attributes of the entry `entry` of the folder open as dirFd (`folder`
+// is its path); AT_FDCWD with a full path in `entry` also does.
+std::uint32_t AttributesOf(int dirFd, const char* entry, const fs::path& folder,
+                           const struct stat& st, bool mayBeFat = true) {
     bool isDir = S_ISDIR(st.st_mode);
-    std::uint32_t attrs = ReadStoredAttributes(host, mayBeFat).value_or(isDir ? 0 : kAttrArchive);
+    std::uint32_t attrs =
+        ReadStoredAttributesAt(dirFd, entry, folder, mayBeFat).value_or(isDir ? 0 : kAttrArchive);
     if ((st.st_mode & S_IWUSR) == 0)
         attrs |= kAttrReadOnly;
     if (isDir)
@@ -64,9 +68,9 @@ void FillTimes(const struct stat& st, FindData& out) {
     out.size = S_ISDIR(st.st_mode) ? 0 : static_cast<std::uint64_t>(st.st_size);
 }
 
-// One entry of an open folder. The stat goes relative to the folder's
+// One entry of an open folder. Everything goes relative to the folder's
 // descriptor: a listing must not walk the whole path again for every entry.
-bool FillFindDataAt(int dirFd, const char* entry, const fs::path& host, bool mayBeFat,
+bool FillFindDataAt(int dirFd, const char* entry, const fs::path& folder, bool mayBeFat,
                     std::u16string name, FindData& out) {
     struct stat st {};
     if (::fstatat(dirFd, entry, &st, AT_SYMLINK_NOFOLLOW) != 0)
@@ -74,26 +78,27 @@ bool FillFindDataAt(int dirFd, const char* entry, const fs::path& host, bool may
     bool isLink = S_ISLNK(st.st_mode);
     if (isLink && ::fstatat(dirFd, entry, &st, 0) != 0)
         return false; // a dangling link
-    out.attributes = AttributesOf(host, st, mayBeFat) | (isLink ? kAttrReparsePoint : 0);
+    out.attributes = AttributesOf(dirFd, entry, folder, st, mayBeFat) | (isLink ? kAttrReparsePoint : 0);
     FillTimes(st, out);
     out.name = std::move(name);
     return true;
 }
 
 bool FillFindData(const fs::path& host, std::u16string name, FindData& out) {
-    return FillFindDataAt(AT_FDCWD, host.c_str(), host, true, std::move(name), out);
+    return FillFindDataAt(AT_FDCWD, host.c_str(), {}, true, std::move(name), out);
 }
 
 // The lighter details from the entry's type as the folder listing gives it;
 // a file system that gives no type falls back to a full stat.
-bool FillLightFindData(int dirFd, const dirent& entry, const fs::path& host, bool mayBeFat,
+bool FillLightFindData(int dirFd, const dirent& entry, const fs::path& folder, bool mayBeFat,
                        FindDetail detail, std::u16string name, FindData& out) {
     if (entry.d_type == DT_UNKNOWN || entry.d_type == DT_LNK)
-        return FillFindDataAt(dirFd, entry.d_name, host, mayBeFat, std::move(name), out);
+        return FillFindDataAt(dirFd, entry.d_name, folder, mayBeFat, std::move(name), out);
     out = FindData{};
     const bool isDir = entry.d_type == DT_DIR;
     if (detail == FindDetail::Attributes)
-        out.attributes = ReadStoredAttributes(host, mayBeFat).value_or(isDir ? 0 : kAttrArchive);
+        out.attributes = ReadStoredAttributesAt(dirFd, entry.d_name, folder, mayBeFat)
+                             .value_or(isDir ? 0 : kAttrArchive);
     if (isDir)
         out.attributes |= kAttrDirectory;
     out.name = std::move(name);
@@ -166,9 +171,9 @@ public:
             if (!MatchesWildcard(name, m_pattern) || IsBound(name))
                 continue;
             bool filled = m_detail == FindDetail::Full
-                              ? FillFindDataAt(::dirfd(m_dir), entry->d_name, m_folder / raw,
+                              ? FillFindDataAt(::dirfd(m_dir), entry->d_name, m_folder,
                                                m_mayBeFat, std::move(name), out)
-                              : FillLightFindData(::dirfd(m_dir), *entry, m_folder / raw,
+                              : FillLightFindData(::dirfd(m_dir), *entry, m_folder,
                                                   m_mayBeFat, m_detail, std::move(name), out);
             if (filled)
                 return true;
@@ -202,12 +207,18 @@ private:
 
 class PosixFile final : public DeviceFile {
 public:
-    explicit PosixFile(int fd) : m_fd(fd) {}
+    // sizeAtOpen: the size the open's own check saw, for a file opened only
+    // for reading; it is answered without asking the disk again (a tag
+    // reader asks once per file, and the call was a tenth of its time).
+    explicit PosixFile(int fd, std::optional<std::uint64_t> sizeAtOpen = std::nullopt)
+        : m_fd(fd), m_sizeAtOpen(sizeAtOpen) {}
     ~PosixFile() override { ::close(m_fd); }
     PosixFile(const PosixFile&) = delete;
     PosixFile& operator=(const PosixFile&) = delete;
 
     std::uint64_t Size() const override {
+        if (m_sizeAtOpen)
+            return *m_sizeAtOpen;
         struct stat st {};
         return ::fstat(m_fd, &st) == 0 ? static_cast<std::uint64_t>(st.st_size) : 0;
     }
@@ -243,6 +254,7 @@ public:
 
 private:
     int m_fd;
+    std::optional<std::uint64_t> m_sizeAtOpen;
 };
 
 } // namespace
@@ -252,7 +264,11 @@ DeviceFileSystem::DeviceFileSystem(fs::path hostRoot) {
     fs::path canonical = fs::weakly_canonical(hostRoot, ec);
     m_hostRoot = ec ? std::move(hostRoot) : std::move(canonical);
     m_hostRootIsReal = !ec && fs::exists(m_hostRoot, ec);
+    if (m_hostRootIsReal)
+        m_rootKept = std::make_shared<const KeptFolder>(m_hostRoot);
 }
+
+DeviceFileSystem::~DeviceFileSystem() = default;
 
 void DeviceFileSystem::Bind(std::u16string_view devicePrefix, fs::path hostFolder) {
     std::u16string prefix = NormalizePath(devicePrefix);
@@ -260,7 +276,9 @@ void DeviceFileSystem::Bind(std::u16string_view devicePrefix, fs::path hostFolde
     std::error_code ec;
     fs::path canonical = fs::weakly_canonical(hostFolder, ec);
     bool isReal = !ec && fs::exists(canonical, ec);
-    m_bindings.push_back({std::move(prefix), ec ? std::move(hostFolder) : std::move(canonical), isReal});
+    fs::path host = ec ? std::move(hostFolder) : std::move(canonical);
+    auto kept = isReal ? std::make_shared<const KeptFolder>(host) : nullptr;
+    m_bindings.push_back({std::move(prefix), std::move(host), isReal, std::move(kept)});
     // Longest prefix first, so the most specific binding wins.
     std::sort(m_bindings.begin(), m_bindings.end(),
               [](const Binding& a, const Binding& b) { return a.prefix.size() > b.prefix.size(); });
@@ -291,28 +309,38 @@ std::u16string DeviceFileSystem::NormalizePath(std::u16string_view devicePath) {
     return out.empty() ? std::u16string(u"\\") : out;
 }
 
+DeviceFileSystem::Located DeviceFileSystem::Locate(std::u16string_view normalized) const {
+    for (const Binding& b : m_bindings) {
+        if (StartsWithIgnoreCase(normalized, b.prefix) &&
+            (normalized.size() == b.prefix.size() || normalized[b.prefix.size()] == u'\\'))
+            return {&b.host, b.hostIsReal, b.kept.get(), normalized.substr(b.prefix.size())};
+    }
+    return {&m_hostRoot, m_hostRootIsReal, m_rootKept.get(), normalized};
+}
+
 std::optional<DeviceFileSystem::Resolved> DeviceFileSystem::Resolve(
     std::u16string_view devicePath) const {
     if (devicePath.find(u'\0') != std::u16string_view::npos)
         return std::nullopt;
-    std::u16string normalized = NormalizePath(devicePath);
+    const std::u16string normalized = NormalizePath(devicePath);
+    const Located located = Locate(normalized);
+    const fs::path& base = *located.base;
 
-    fs::path base = m_hostRoot;
-    bool noLink = m_hostRootIsReal;
-    std::u16string_view rest = normalized;
-    for (const Binding& b : m_bindings) {
-        if (StartsWithIgnoreCase(normalized, b.prefix) &&
-            (normalized.size() == b.prefix.size() || normalized[b.prefix.size()] == u'\\')) {
-            base = b.host;
-            noLink = b.hostIsReal;
-            rest = std::u16string_view(normalized).substr(b.prefix.size());
-            break;
+    // The usual case in one call: every component spelled as on the disk and
+    // no link on the way, so the path cannot have left its base.
+    if (located.kept) {
+        std::string relative = HostRelativeOf(located.rest);
+        int fd = located.kept->OpenExact(relative, O_PATH);
+        if (fd >= 0) {
+            ::close(fd);
+            return Resolved{relative.empty() ? base : base / relative, base};
         }
     }
 
     fs::path host = base;
+    bool noLink = located.baseIsReal;
     bool exists = true;
-    for (std::u16string_view part : SplitComponents(rest)) {
+    for (std::u16string_view part : SplitComponents(located.rest)) {
         std::string name = exists ? FindEntryIgnoringCase(host, part, noLink) : std::string();
         if (name.empty()) {
             exists = false;
@@ -331,7 +359,27 @@ std::optional<DeviceFileSystem::Resolved> DeviceFileSystem::Resolve(
         if (ec || !IsWithin(real, base))
             return std::nullopt;
     }
-    return Resolved{std::move(host), std::move(base)};
+    return Resolved{std::move(host), base};
+}
+
+std::optional<DeviceFileSystem::Opened> DeviceFileSystem::OpenHost(std::u16string_view devicePath,
+                                                                   int flags, bool withHost) const {
+    if (devicePath.find(u'\0') == std::u16string_view::npos && (flags & O_CREAT) == 0) {
+        const std::u16string normalized = NormalizePath(devicePath);
+        const Located located = Locate(normalized);
+        if (located.kept) {
+            std::string relative = HostRelativeOf(located.rest);
+            int fd = located.kept->OpenExact(relative, flags);
+            if (fd >= 0 && !withHost)
+                return Opened{fd, {}};
+            if (fd >= 0)
+                return Opened{fd, relative.empty() ? *located.base : *located.base / relative};
+        }
+    }
+    auto host = ToHostPath(devicePath);
+    if (!host)
+        return std::nullopt;
+    return Opened{::open(host->c_str(), flags | O_CLOEXEC, 0644), std::move(*host)};
 }
 
 std::optional<fs::path> DeviceFileSystem::ToHostPath(std::u16string_view devicePath) const {
@@ -348,8 +396,9 @@ std::unique_ptr<FindHandle> DeviceFileSystem::FindFirst(std::u16string_view patt
     std::u16string_view namePattern = DeviceNameOf(normalized);
     if (namePattern.empty())
         return nullptr;
-    auto resolvedFolder = Resolve(folder.empty() ? std::u16string_view(u"\\") : folder);
-    if (!resolvedFolder)
+    auto opened = OpenHost(folder.empty() ? std::u16string_view(u"\\") : folder,
+                           O_RDONLY | O_DIRECTORY);
+    if (!opened)
         return nullptr;
 
     // Bound folders show up in their parent like mount points.
@@ -365,10 +414,12 @@ std::unique_ptr<FindHandle> DeviceFileSystem::FindFirst(std::u16string_view patt
         if (MatchesWildcard(name, namePattern) && FillFindData(b.host, name, data))
             bound.push_back(std::move(data));
     }
-    DIR* dir = ::opendir(resolvedFolder->host.c_str());
+    DIR* dir = opened->fd >= 0 ? ::fdopendir(opened->fd) : nullptr;
+    if (!dir && opened->fd >= 0)
+        ::close(opened->fd);
     if (!dir && bound.empty())
         return nullptr;
-    auto handle = std::make_unique<HostFindHandle>(dir, resolvedFolder->host,
+    auto handle = std::make_unique<HostFindHandle>(dir, std::move(opened->host),
                                                    std::u16string(namePattern), std::move(bound),
                                                    std::move(boundNames), detail);
     if (!handle->Next(first))
@@ -381,7 +432,7 @@ std::uint32_t DeviceFileSystem::GetAttributes(std::u16string_view path) const {
     struct stat st {};
     if (!host || ::stat(host->c_str(), &st) != 0)
         return kInvalidAttributes;
-    return AttributesOf(*host, st);
+    return AttributesOf(AT_FDCWD, host->c_str(), {}, st);
 }
 
 bool DeviceFileSystem::SetAttributes(std::u16string_view path, std::uint32_t attributes) {
@@ -478,32 +529,30 @@ std::optional<FolderIdentity> DeviceFileSystem::Identity(std::u16string_view pat
 
 std::unique_ptr<DeviceFile> DeviceFileSystem::OpenFile(std::u16string_view path, FileMode mode,
                                                        bool create) {
-    auto host = ToHostPath(path);
-    if (!host)
-        return nullptr;
-    int flags = (mode == FileMode::Read ? O_RDONLY : O_RDWR) | O_CLOEXEC;
+    int flags = mode == FileMode::Read ? O_RDONLY : O_RDWR;
     if (create)
         flags |= O_CREAT;
-    int fd = ::open(host->c_str(), flags, 0644);
-    if (fd < 0)
+    auto opened = OpenHost(path, flags, false);
+    if (!opened || opened->fd < 0)
         return nullptr;
+    const int fd = opened->fd;
     struct stat st {};
     if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
         ::close(fd);
         return nullptr;
     }
-    return std::make_unique<PosixFile>(fd);
+    std::optional<std::uint64_t> sizeAtOpen;
+    if (mode == FileMode::Read)
+        sizeAtOpen = static_cast<std::uint64_t>(st.st_size);
+    return std::make_unique<PosixFile>(fd, sizeAtOpen);
 }
 
 std::optional<std::vector<std::byte>> DeviceFileSystem::ReadWholeFile(std::u16string_view path,
                                                                       std::uint64_t maxBytes) const {
-    auto host = ToHostPath(path);
-    if (!host)
+    auto opened = OpenHost(path, O_RDONLY, false);
+    if (!opened || opened->fd < 0)
         return std::nullopt;
-    int fd = ::open(host->c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0)
-        return std::nullopt;
-    PosixFile file(fd);
+    PosixFile file(opened->fd);
     std::uint64_t size = file.Size();
     if (size > maxBytes)
         return std::nullopt;

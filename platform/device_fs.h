@@ -28,6 +28,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/kept_folder.h"
 #include "platform/tree_signature.h"
 
 namespace zelvor {
@@ -103,7 +104,7 @@ class DeviceFileSystem {
 public:
     // hostRoot is the host folder that stands for "\"; it must exist.
     explicit DeviceFileSystem(std::filesystem::path hostRoot);
-    virtual ~DeviceFileSystem() = default;
+    virtual ~DeviceFileSystem();
     DeviceFileSystem(const DeviceFileSystem&) = delete;
     DeviceFileSystem& operator=(const DeviceFileSystem&) = delete;
 
@@ -180,9 +181,30 @@ private:
         std::u16string prefix; // normalized device path
         std::filesystem::path host;
         bool hostIsReal = false; // existed when bound: host is its canonical path
+        std::shared_ptr<const KeptFolder> kept; // null unless hostIsReal
     };
+    // The root or binding a normalized path lies in, and the rest of it.
+    struct Located {
+        const std::filesystem::path* base;
+        bool baseIsReal;
+        const KeptFolder* kept;
+        std::u16string_view rest;
+    };
+    Located Locate(std::u16string_view normalized) const;
+    // The host file or folder for a device path opened with the open(2)
+    // flags: at once below a kept folder when the path allows, else through
+    // ToHostPath. nullopt when refused; fd -1 when the open failed. The host
+    // path is filled in only withHost (it may be left empty otherwise).
+    struct Opened {
+        int fd;
+        std::filesystem::path host;
+    };
+    std::optional<Opened> OpenHost(std::u16string_view devicePath, int flags,
+                                   bool withHost = true) const;
+
     std::filesystem::path m_hostRoot;
     bool m_hostRootIsReal = false;
+    std::shared_ptr<const KeptFolder> m_rootKept; // null unless m_hostRootIsReal
     std::vector<Binding> m_bindings;
 };
 

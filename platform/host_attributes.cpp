@@ -1,5 +1,7 @@
 #include "platform/host_attributes.h"
 
+#include <atomic>
+#include <cerrno>
 #include <charconv>
 #include <string>
 
@@ -7,6 +9,7 @@
 #include <linux/msdos_fs.h>
 #include <linux/magic.h>
 #include <sys/ioctl.h>
+#include <sys/syscall.h>
 #include <sys/vfs.h>
 #include <sys/xattr.h>
 #include <unistd.h>
@@ -19,9 +22,21 @@ namespace {
 constexpr const char* kXattrName = "user.zelvor.attributes";
 constexpr std::uint32_t kStoredBits = kAttrReadOnly | kAttrHidden | kAttrSystem | kAttrArchive;
 
+// getxattrat(2) came with Linux 6.13; its number is the same on every
+// architecture. Older kernels answer ENOSYS and are asked by path.
+#ifndef SYS_getxattrat
+#define SYS_getxattrat 464
+#endif
+struct XattrArgs { // struct xattr_args of <linux/xattr.h>
+    std::uint64_t value;
+    std::uint32_t size;
+    std::uint32_t flags;
+};
+std::atomic<bool> g_noGetxattrat{false};
+
 // FAT keeps the attribute byte itself; the ioctl fails with ENOTTY elsewhere.
-std::optional<std::uint32_t> FatAttributes(const std::filesystem::path& host) {
-    int fd = ::open(host.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+std::optional<std::uint32_t> FatAttributes(int dirFd, const char* name) {
+    int fd = ::openat(dirFd, name, O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (fd < 0)
         return std::nullopt;
     std::uint32_t attrs = 0;
@@ -44,16 +59,31 @@ bool SetFatAttributes(const std::filesystem::path& host, std::uint32_t attribute
     return ok;
 }
 
+// The stored word's bytes; -1 when there is none.
+ssize_t GetXattrAt(int dirFd, const char* name, const std::filesystem::path& folder, char* buffer,
+                   std::size_t size) {
+    if (!g_noGetxattrat.load(std::memory_order_relaxed)) {
+        XattrArgs args{reinterpret_cast<std::uintptr_t>(buffer), static_cast<std::uint32_t>(size), 0};
+        long n = ::syscall(SYS_getxattrat, dirFd, name, 0, kXattrName, &args, sizeof args);
+        if (n >= 0 || errno != ENOSYS)
+            return static_cast<ssize_t>(n);
+        g_noGetxattrat = true;
+    }
+    const std::filesystem::path host = dirFd == AT_FDCWD ? std::filesystem::path(name) : folder / name;
+    return ::getxattr(host.c_str(), kXattrName, buffer, size);
+}
+
 } // namespace
 
-std::optional<std::uint32_t> ReadStoredAttributes(const std::filesystem::path& host,
-                                                  bool mayBeFat) {
+std::optional<std::uint32_t> ReadStoredAttributesAt(int dirFd, const char* name,
+                                                    const std::filesystem::path& folder,
+                                                    bool mayBeFat) {
     if (mayBeFat) {
-        if (auto fat = FatAttributes(host))
+        if (auto fat = FatAttributes(dirFd, name))
             return fat;
     }
     char buffer[16];
-    ssize_t n = ::getxattr(host.c_str(), kXattrName, buffer, sizeof buffer);
+    ssize_t n = GetXattrAt(dirFd, name, folder, buffer, sizeof buffer);
     if (n <= 0)
         return std::nullopt;
     std::uint32_t value = 0;
@@ -61,6 +91,11 @@ std::optional<std::uint32_t> ReadStoredAttributes(const std::filesystem::path& h
     if (ec != std::errc() || end != buffer + n)
         return std::nullopt;
     return value & kStoredBits;
+}
+
+std::optional<std::uint32_t> ReadStoredAttributes(const std::filesystem::path& host,
+                                                  bool mayBeFat) {
+    return ReadStoredAttributesAt(AT_FDCWD, host.c_str(), {}, mayBeFat);
 }
 
 bool IsFatFolder(int dirFd) {

@@ -13,6 +13,13 @@ namespace zelvor {
 // false skips the FAT query, for callers that know the folder is not FAT.
 std::optional<std::uint32_t> ReadStoredAttributes(const std::filesystem::path& host,
                                                   bool mayBeFat = true);
+// The same for the entry `name` of the folder open as dirFd (AT_FDCWD with a
+// full path in `name` also does): the lookup starts at the folder instead of
+// walking its whole path again for every entry. `folder` is the folder's
+// path, for kernels that read attributes by path only.
+std::optional<std::uint32_t> ReadStoredAttributesAt(int dirFd, const char* name,
+                                                    const std::filesystem::path& folder,
+                                                    bool mayBeFat = true);
 // Whether the folder open as dirFd lies on a FAT file system.
 bool IsFatFolder(int dirFd);
 // Stores the bits; false when the host file system can keep none of them.

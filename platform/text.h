@@ -33,6 +33,9 @@ int CompareTextIgnoreCase(std::u16string_view a, std::u16string_view b);
 // can collate each string once instead of once per comparison.
 std::string TextSortKey(std::u16string_view text);
 std::string TextSortKeyIgnoreCase(std::u16string_view text);
+// The same key appended to `out` (no terminating zero), for callers that keep
+// many keys in one buffer. A key never holds a zero byte.
+void AppendTextSortKey(std::u16string_view text, bool ignoreCase, std::string& out);
 
 // Case-insensitive equality by simple Unicode case folding, as the device's
 // file systems and key lookups compare names (not linguistic: "a" != "á").

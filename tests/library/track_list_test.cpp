@@ -229,7 +229,11 @@ TEST(TrackListSort, MatchesAStableSortByCompareTracks) {
 }
 
 TEST(RankTextsOrder, EqualRanksExactlyWhereTheCollatorSeesEqualTexts) {
-    const std::vector<std::u16string_view> texts = {u"b", u"B", u"a", u"", u"á", u"A", u"b"};
+    // Long texts that differ only after their keys' first sixteen bytes, or
+    // where one begins another, or only in case there.
+    const std::vector<std::u16string_view> texts = {
+        u"b", u"B", u"a", u"", u"á", u"A", u"b", u"river of stones b", u"river of stones",
+        u"river of stones a", u"River of stones a", u"river of stones á", u"river of stones b"};
     for (bool ignoreCase : {false, true}) {
         auto ranks = RankTexts(texts, ignoreCase);
         for (size_t i = 0; i < texts.size(); ++i) {

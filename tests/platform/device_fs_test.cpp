@@ -79,6 +79,31 @@ TEST(DeviceBindings, MapAPrefixToAnotherHostFolderLikeAMount) {
     EXPECT_EQ(*dev.Fs().ToHostPath(u"\\Storage Card\\..\\Windows"), dev.Root() / "Windows");
 }
 
+// The bound folder is kept open for speed; what counts is what its path
+// names now: a card swapped in its place is read, not the one taken out.
+TEST(DeviceBindings, AFolderReplacedUnderItsPathIsTheOneRead) {
+    TempDir card;
+    fs::create_directory(card.Path() / "card");
+    std::ofstream(card.Path() / "card" / "old.mp3") << "old";
+    DeviceConfig config;
+    config.card = card.Path() / "card";
+    TestDevice dev(config);
+    ASSERT_EQ(ListNames(dev.Fs(), u"\\Storage Card\\*.*"), std::set<std::u16string>{u"old.mp3"});
+
+    fs::rename(card.Path() / "card", card.Path() / "taken out");
+    fs::create_directory(card.Path() / "card");
+    std::ofstream(card.Path() / "card" / "new.mp3") << "new";
+    std::ofstream(card.Path() / "card" / "old.mp3") << "swapped";
+    EXPECT_EQ(ListNames(dev.Fs(), u"\\Storage Card\\*.*"),
+              (std::set<std::u16string>{u"new.mp3", u"old.mp3"}));
+    auto bytes = dev.Fs().ReadWholeFile(u"\\Storage Card\\old.mp3");
+    ASSERT_TRUE(bytes);
+    EXPECT_EQ(bytes->size(), 7u);
+    auto file = dev.Fs().OpenFile(u"\\Storage Card\\old.mp3", FileMode::Read);
+    ASSERT_TRUE(file);
+    EXPECT_EQ(file->Size(), 7u);
+}
+
 TEST(DeviceBindings, AMissingHostFolderIsACardThatIsNotInserted) {
     TempDir gone;
     DeviceConfig config;

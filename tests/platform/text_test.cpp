@@ -21,7 +21,13 @@ TEST(TextConversion, SingleByteTextUsesWindows1252AndStopsAtNul) {
     EXPECT_FALSE(SetDeviceCodePage("no-such-code-page"));
     ASSERT_TRUE(SetDeviceCodePage("ISO-8859-7"));
     EXPECT_EQ(DecodeSingleByte(std::string_view("\xE1", 1)), u"α");
+    // A code page whose low bytes are not ASCII (EBCDIC): plain ASCII bytes
+    // go through it too.
+    ASSERT_TRUE(SetDeviceCodePage("ibm-037"));
+    EXPECT_EQ(DecodeSingleByte(std::string_view("\xC1\xC2", 2)), u"AB");
+    EXPECT_NE(DecodeSingleByte(std::string_view("AB", 2)), u"AB");
     ASSERT_TRUE(SetDeviceCodePage("windows-1252"));
+    EXPECT_EQ(DecodeSingleByte(std::string_view("AB", 2)), u"AB");
 }
 
 TEST(TextComparison, LinguisticOrderAndCaseInsensitiveVariant) {
