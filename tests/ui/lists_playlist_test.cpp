@@ -9,6 +9,7 @@
 
 #include "app/window_messages.h"
 #include "tests/ui/lists_sink.h"
+#include "ui/lists/list_notify.h"
 #include "ui/lists/playlist_list_ctrl.h"
 
 namespace zelvor {
@@ -134,6 +135,26 @@ TEST_F(PlaylistListCtrlTest, AContextRequestIsPassedOnAsASentMessage) {
     QCoreApplication::sendEvent(m_list, &request);
     EXPECT_EQ(request.Result(), 5);
     EXPECT_EQ(m_parent.received, (std::vector<WindowMessage>{{kMsgListContextMenu, 3, 0x00400020}}));
+}
+
+// A touch screen's right click: a still press held long enough asks for the
+// menu where it was pressed and its release taps nothing; a press that
+// starts a drag never does.
+TEST_F(PlaylistListCtrlTest, AHeldStillPressAsksForTheMenuAndItsReleaseChoosesNothing) {
+    Make(3);
+    const QPoint point = RowPoint(1);
+    const QPoint global = Viewport()->mapToGlobal(point);
+    testing::SendMouse(Viewport(), QEvent::MouseButtonPress, point);
+    QTest::qWait(CPlaylistListCtrl::kContextHoldMs + 150);
+    testing::SendMouse(Viewport(), QEvent::MouseButtonRelease, point, Qt::NoButton);
+    EXPECT_EQ(Messages(), (std::vector<WindowMessage>{
+                              {kMsgListContextMenu, 0, PackPoint(global.x(), global.y())}}));
+
+    testing::SendMouse(Viewport(), QEvent::MouseButtonPress, RowPoint(0));
+    testing::SendMouse(Viewport(), QEvent::MouseMove, RowPoint(2));
+    QTest::qWait(CPlaylistListCtrl::kContextHoldMs + 150);
+    testing::SendMouse(Viewport(), QEvent::MouseButtonRelease, RowPoint(2), Qt::NoButton);
+    EXPECT_TRUE(Messages().empty());
 }
 
 TEST_F(PlaylistListCtrlTest, ARenameAsksTheParentWhichDecidesWhetherTheLabelChanges) {

@@ -202,6 +202,11 @@ void CPlaylistListCtrl::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void CPlaylistListCtrl::mousePressEvent(QMouseEvent* event) {
+    m_heldForMenu = false;
+    if (event->button() == Qt::LeftButton) {
+        m_holdGlobal = event->globalPosition().toPoint();
+        m_hold.start(kContextHoldMs, this);
+    }
     if (!m_dragDisabled && event->button() == Qt::LeftButton) {
         m_pressRow = -1;
         m_dragged = false;
@@ -226,6 +231,7 @@ void CPlaylistListCtrl::mouseMoveEvent(QMouseEvent* event) {
         (point - m_pressPoint).manhattanLength() < QApplication::startDragDistance())
         return;
     m_dragged = true;
+    m_hold.stop();
     DragTo(point);
 }
 
@@ -250,10 +256,24 @@ void CPlaylistListCtrl::DragTo(const QPoint& point) {
     }
 }
 
+void CPlaylistListCtrl::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != m_hold.timerId()) {
+        QListView::timerEvent(event);
+        return;
+    }
+    m_hold.stop();
+    m_heldForMenu = true;
+    QCoreApplication::postEvent(
+        this, new WindowMessageEvent({kMsgListContextRequest, 0,
+                                      PackPoint(m_holdGlobal.x(), m_holdGlobal.y())}));
+}
+
 void CPlaylistListCtrl::mouseReleaseEvent(QMouseEvent* event) {
+    m_hold.stop();
     // After a drag the rows are chosen already: the view's own release would
-    // take the drag for a tap on the row it ends on.
-    if (!(m_dragged && m_pressRow >= 0 && !m_dragDisabled))
+    // take the drag for a tap on the row it ends on. After a hold the menu
+    // was asked for, and the release is no tap either.
+    if (!m_heldForMenu && !(m_dragged && m_pressRow >= 0 && !m_dragDisabled))
         QListView::mouseReleaseEvent(event);
     if (!m_dragDisabled) {
         m_pressRow = -1;

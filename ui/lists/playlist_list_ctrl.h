@@ -15,8 +15,11 @@
 // kMsgListLeft / kMsgListRight (first press of an arrow), kMsgListColumnClick,
 // kMsgListDoubleClick; sent kMsgListContextMenu (passing on a
 // kMsgListContextRequest) and kMsgListEndRename (its answer accepts the
-// label). Taps and double taps on empty space post nothing.
+// label). Taps and double taps on empty space post nothing. A touch screen
+// has no right button: holding the stylus still for kContextHoldMs asks for
+// the context menu as a right click does, and its release chooses nothing.
 
+#include <QBasicTimer>
 #include <QListView>
 #include <QString>
 #include <vector>
@@ -33,6 +36,9 @@ class PlaylistRowDelegate;
 class CPlaylistListCtrl : public QListView {
     Q_OBJECT
 public:
+    // How long a still press lasts before it counts as a press-and-hold.
+    static constexpr int kContextHoldMs = 600;
+
     // The list must outlive the control; the control never frees its entries.
     CPlaylistListCtrl(PlaylistEntryList& rows, QWidget* parent);
 
@@ -75,6 +81,7 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
     void commitData(QWidget* editor) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void updateGeometries() override;
@@ -90,6 +97,9 @@ private:
     bool m_enterPressed = false;
     bool m_dragDisabled = false;
     bool m_dragged = false;           // the stylus moved since the press
+    QBasicTimer m_hold;               // runs from a press until it moves or ends
+    bool m_heldForMenu = false;       // the press became a context request
+    QPoint m_holdGlobal;              // where the press was, screen pixels
     int m_pressRow = -1;
     QPoint m_pressPoint;              // viewport pixels
     int m_sortMode = 0;
