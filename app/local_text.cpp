@@ -81,15 +81,11 @@ std::optional<std::u16string> ScanForTranslation(const std::vector<char16_t>& un
     return std::nullopt; // a last line without CR is never considered
 }
 
-std::optional<std::vector<char16_t>> ReadUnits(std::u16string_view fileName) {
-    std::u16string path = GetProgramDirectory() + u"\\" + std::u16string(fileName);
-    auto bytes = CurrentDevice().FileSystem().ReadWholeFile(path, kMaxFileBytes);
-    if (!bytes)
-        return std::nullopt;
-    std::vector<char16_t> units(bytes->size() / 2); // an odd last byte is ignored
+std::vector<char16_t> DecodeUnits(std::span<const std::byte> bytes) {
+    std::vector<char16_t> units(bytes.size() / 2); // an odd last byte is ignored
     for (size_t i = 0; i < units.size(); ++i)
-        units[i] = static_cast<char16_t>(std::to_integer<unsigned>((*bytes)[2 * i]) |
-                                         (std::to_integer<unsigned>((*bytes)[2 * i + 1]) << 8));
+        units[i] = static_cast<char16_t>(std::to_integer<unsigned>(bytes[2 * i]) |
+                                         (std::to_integer<unsigned>(bytes[2 * i + 1]) << 8));
     return units;
 }
 
@@ -114,13 +110,23 @@ std::u16string_view LoadLocalText(std::u16string_view fileName, std::int16_t lan
     // translation, so it keeps the English text like language 0.
     if (language <= 0 || static_cast<size_t>(language) >= kMaxFields)
         return result.data();
-    auto units = ReadUnits(fileName);
-    if (!units || units->size() <= 1)
+    std::u16string path = GetProgramDirectory() + u"\\" + std::u16string(fileName);
+    auto bytes = CurrentDevice().FileSystem().ReadWholeFile(path, kMaxFileBytes);
+    if (!bytes)
         return result.data();
-    std::u16string english(result.data());
-    if (auto translation = ScanForTranslation(*units, english, static_cast<size_t>(language)))
+    if (auto translation = FindTranslation(*bytes, std::u16string(result.data()), language))
         CopyInto(result, *translation);
     return result.data();
+}
+
+std::optional<std::u16string> FindTranslation(std::span<const std::byte> fileImage,
+                                              std::u16string_view english, std::int16_t language) {
+    if (language <= 0 || static_cast<size_t>(language) >= kMaxFields)
+        return std::nullopt;
+    const std::vector<char16_t> units = DecodeUnits(fileImage);
+    if (units.size() <= 1)
+        return std::nullopt;
+    return ScanForTranslation(units, english, static_cast<size_t>(language));
 }
 
 } // namespace zelvor

@@ -11,7 +11,11 @@
 // copy the text before the next call. The program has one UI thread; these
 // are not for other threads.
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
 #include <string_view>
 
 namespace zelvor {
@@ -29,5 +33,12 @@ const char16_t* LoadBuiltInText(std::uint16_t id);
 // gives an empty text.
 std::u16string_view LoadLocalText(std::u16string_view fileName, std::int16_t language,
                                   std::uint16_t id);
+
+// The scan behind LoadLocalText on a file image held in memory (UTF-16LE,
+// its first unit the byte-order mark, never checked): the field of
+// `language` on the first line whose key is `english`, or nullopt when the
+// language has no column or no line has the key.
+std::optional<std::u16string> FindTranslation(std::span<const std::byte> fileImage,
+                                              std::u16string_view english, std::int16_t language);
 
 } // namespace zelvor

@@ -32,7 +32,6 @@
 #include <QTimer>
 #include <atomic>
 #include <csignal>
-#include <cstdlib>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -49,6 +48,7 @@
 #include "platform/host/gst_media_graph.h"
 #include "platform/text.h"
 #include "tags/build_track_record.h"
+#include "tools/common/program_cli.h"
 #include "ui/browser/browser_screen.h"
 #include "ui/main_frame/demo_tour.h"
 #include "ui/main_frame/host_application.h"
@@ -65,13 +65,11 @@ struct ProgramOptions {
     std::u16string commandLine;
 };
 
-int Usage(const std::string& why) {
-    std::fprintf(stderr,
-                 "zelvor: %s\nusage: zelvor [--root DIR] [--card DIR] [--flash DIR]"
-                 " [--program-dir PATH] [--screen WxH] [--tour DIR] [WORDS...]\n",
-                 why.c_str());
-    return 2;
-}
+constexpr ProgramUsage kProgram{
+    "zelvor",
+    "usage: zelvor [--root DIR] [--card DIR] [--flash DIR] [--program-dir PATH]"
+    " [--screen WxH] [--tour DIR] [WORDS...]\n"
+    "       zelvor --help | --version\n"};
 
 std::optional<QSize> ParseScreen(const QString& text) {
     const QStringList parts = text.split(QLatin1Char('x'));
@@ -183,6 +181,8 @@ private:
 } // namespace
 
 int main(int argc, char** argv) {
+    if (auto status = AnswerStandardOptions(kProgram, argc, argv))
+        return *status;
     std::optional<StartProbe> probe;
     if (const char* wanted = std::getenv("ZELVOR_START_PROBE"); wanted && *wanted == '1')
         probe.emplace();
@@ -192,14 +192,12 @@ int main(int argc, char** argv) {
     qtApp.setQuitOnLastWindowClosed(false);
     ProgramOptions options;
     if (auto why = ParseOptions(qtApp.arguments(), options))
-        return Usage(*why);
+        return UsageError(kProgram, *why);
 
     std::string error;
     auto device = Device::Open(options.device, &error);
-    if (!device) {
-        std::fprintf(stderr, "zelvor: %s\n", error.c_str());
-        return 1;
-    }
+    if (!device)
+        return Failure(kProgram.name, error);
     ScopedCurrentDevice current(*device);
     ProvideDesktopSkins(*device, QCoreApplication::applicationDirPath());
     SetDesktopIdentity(QCoreApplication::applicationDirPath());

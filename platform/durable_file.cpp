@@ -2,7 +2,10 @@
 
 #include <atomic>
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <string>
+#include <string_view>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -32,16 +35,46 @@ bool SyncFolder(const std::filesystem::path& folder) {
     return ok;
 }
 
+std::string TemporaryPrefixFor(const std::filesystem::path& target) {
+    return "." + target.filename().string() + ".tmp-";
+}
+
 std::filesystem::path TemporaryNameFor(const std::filesystem::path& target) {
     static std::atomic<unsigned> counter{0};
-    std::string name = "." + target.filename().string() + ".tmp-" + std::to_string(::getpid()) +
-                       "-" + std::to_string(counter++);
+    std::string name = TemporaryPrefixFor(target) + std::to_string(::getpid()) + "-" +
+                       std::to_string(counter++);
     return target.parent_path() / name;
+}
+
+// The process that made a temporary name, or 0 when the name is not one.
+pid_t WriterOf(std::string_view name, std::string_view prefix) {
+    if (!name.starts_with(prefix))
+        return 0;
+    name.remove_prefix(prefix.size());
+    pid_t pid = 0;
+    auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), pid);
+    return error == std::errc() && end != name.data() && *end == '-' ? pid : 0;
+}
+
+// A writer killed half-way (power lost, the process killed) leaves its
+// temporary file behind. The program never reads such a file (its name
+// starts with a dot and ends in no known extension), and the next write of
+// the same target removes it, unless the process that made it still runs.
+void RemoveStaleTemporaries(const std::filesystem::path& target) {
+    const std::string prefix = TemporaryPrefixFor(target);
+    const std::filesystem::path folder = target.has_parent_path() ? target.parent_path() : ".";
+    std::error_code ec;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, ec)) {
+        const pid_t pid = WriterOf(entry.path().filename().string(), prefix);
+        if (pid > 0 && pid != ::getpid() && ::kill(pid, 0) != 0 && errno == ESRCH)
+            ::unlink(entry.path().c_str());
+    }
 }
 
 } // namespace
 
 bool WriteFileDurably(const std::filesystem::path& target, std::span<const std::byte> data) {
+    RemoveStaleTemporaries(target);
     const std::filesystem::path temp = TemporaryNameFor(target);
     int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
     if (fd < 0)

@@ -11,7 +11,8 @@ namespace zelvor {
 
 // Writes data to a temporary file beside target, fsyncs it, renames it over
 // target and fsyncs the folder. On failure the temporary file is removed and
-// target is left untouched.
+// target is left untouched. Temporary files of the same target that a killed
+// writer left behind are removed first.
 bool WriteFileDurably(const std::filesystem::path& target, std::span<const std::byte> data);
 
 } // namespace zelvor

@@ -30,17 +30,16 @@ std::u16string TrimKey(std::u16string_view key) {
 
 // Reads the hive file's bytes as text: UTF-16LE with a byte-order mark (what
 // we write), or UTF-8 (what a person may write by hand).
-std::u16string DecodeHiveBytes(const std::string& bytes) {
-    if (bytes.size() >= 2 && static_cast<unsigned char>(bytes[0]) == 0xFF &&
-        static_cast<unsigned char>(bytes[1]) == 0xFE) {
+std::u16string DecodeHiveBytes(std::span<const std::byte> bytes) {
+    if (bytes.size() >= 2 && bytes[0] == std::byte{0xFF} && bytes[1] == std::byte{0xFE}) {
         std::u16string text;
         text.reserve(bytes.size() / 2);
         for (size_t i = 2; i + 1 < bytes.size(); i += 2)
-            text.push_back(static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) |
-                                                 (static_cast<unsigned char>(bytes[i + 1]) << 8)));
+            text.push_back(static_cast<char16_t>(std::to_integer<unsigned>(bytes[i]) |
+                                                 (std::to_integer<unsigned>(bytes[i + 1]) << 8)));
         return text;
     }
-    std::string_view view = bytes;
+    std::string_view view(reinterpret_cast<const char*>(bytes.data()), bytes.size());
     if (view.starts_with("\xEF\xBB\xBF"))
         view.remove_prefix(3);
     return FromUtf8(view);
@@ -144,11 +143,36 @@ RegistryStore::Hive& RegistryStore::LoadedHive(RegistryRoot root) const {
     if (!in)
         return hive; // no hive yet: an empty registry
     std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    if (!ParseHive(root, DecodeHiveBytes(bytes), hive)) {
+    if (!ParseHive(root, DecodeHiveBytes(std::as_bytes(std::span(bytes))), hive)) {
         hive.keys.clear();
         SetAside(path);
     }
     return hive;
+}
+
+bool RegistryStore::ReadHiveImage(RegistryRoot root, std::span<const std::byte> bytes) {
+    std::lock_guard guard(m_lock);
+    Hive& hive = m_hives[Index(root)];
+    hive = Hive{};
+    hive.loaded = true;
+    if (ParseHive(root, DecodeHiveBytes(bytes), hive))
+        return true;
+    hive.keys.clear();
+    return false;
+}
+
+std::vector<std::byte> RegistryStore::HiveImage(RegistryRoot root) const {
+    std::lock_guard guard(m_lock);
+    std::u16string text = Serialize(root, LoadedHive(root));
+    std::vector<std::byte> bytes;
+    bytes.reserve(2 + text.size() * 2);
+    bytes.push_back(std::byte{0xFF});
+    bytes.push_back(std::byte{0xFE});
+    for (char16_t c : text) {
+        bytes.push_back(static_cast<std::byte>(c & 0xFF));
+        bytes.push_back(static_cast<std::byte>(c >> 8));
+    }
+    return bytes;
 }
 
 void RegistryStore::SetAside(const fs::path& path) const {
@@ -380,15 +404,7 @@ bool RegistryStore::DeleteValue(RegistryRoot root, std::u16string_view key,
 bool RegistryStore::Flush(RegistryRoot root) {
     std::lock_guard guard(m_lock);
     Hive& hive = LoadedHive(root);
-    std::u16string text = Serialize(root, hive);
-    std::vector<std::byte> bytes;
-    bytes.reserve(2 + text.size() * 2);
-    bytes.push_back(std::byte{0xFF});
-    bytes.push_back(std::byte{0xFE});
-    for (char16_t c : text) {
-        bytes.push_back(static_cast<std::byte>(c & 0xFF));
-        bytes.push_back(static_cast<std::byte>(c >> 8));
-    }
+    const std::vector<std::byte> bytes = HiveImage(root);
     std::error_code ec;
     fs::create_directories(m_folder, ec);
     if (!WriteFileDurably(HivePath(root), bytes))

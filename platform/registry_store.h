@@ -11,12 +11,14 @@
 // is reported with one line on standard error, renamed aside (never
 // overwritten) and read as empty.
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <map>
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -54,6 +56,13 @@ public:
 
     // RegFlushKey: writes the root's hive durably. True when it is on disk.
     bool Flush(RegistryRoot root);
+
+    // A hive held in memory instead of its file, for tools and fuzzers: the
+    // root's hive becomes what the bytes hold (empty and false when they
+    // cannot be parsed; nothing is set aside), and the bytes Flush would
+    // write for it.
+    bool ReadHiveImage(RegistryRoot root, std::span<const std::byte> bytes);
+    std::vector<std::byte> HiveImage(RegistryRoot root) const;
 
     std::filesystem::path HivePath(RegistryRoot root) const;
     static std::u16string_view RootName(RegistryRoot root);

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "app/settings.h"
+#include "platform/debug_print.h"
 #include "platform/text.h"
 #include "library/library_file.h"
 #include "playback/playback_engine.h"
@@ -53,8 +54,11 @@ PlayQueue::~PlayQueue() {
     // The file always holds the playlist's own order, shuffled or not.
     if (m_random)
         SortByOrderNumber();
-    if (m_dirty)
-        SaveTrackList(GetCurrentPlaylistPath(), m_list, 1);
+    // The file's count is 32 bits, so any queue fits; a save that fails
+    // (a full or missing card) keeps the old file. Nobody is left to hear a
+    // beep at exit, so the failure goes to the debug output.
+    if (m_dirty && SaveTrackList(GetCurrentPlaylistPath(), m_list, 1) != 1)
+        DebugPrint(u"queue: the current playlist could not be saved; the old file is kept");
 }
 
 void PlayQueue::Restore(bool random, int repeatMode) {

@@ -72,16 +72,19 @@ int LoadPlaylist(std::u16string_view path, PlaylistEntryList& list) {
     return 1;
 }
 
-void WritePlaylist(const PlaylistEntryList& list, ByteSink& sink) {
-    // The count is taken as a signed 16-bit number, as the device's writer
-    // does: a list of more than 32,767 entries stores a count that does not
-    // say how many follow, and only that many are written.
+bool WritePlaylist(const PlaylistEntryList& list, ByteSink& sink) {
+    // The count is stored as a signed 16-bit number, as the device's writer
+    // does: a longer list cannot be represented (it used to store a count
+    // that said nothing or too little and lose the rest), so it is refused.
+    if (list.Count() > kMaxPlaylistEntries)
+        return false;
     const auto count = static_cast<std::int16_t>(list.Count());
     std::vector<std::byte> bytes;
     AppendUtf16Z(bytes, kPlaylistMagic);
     AppendLe32(bytes, static_cast<std::uint32_t>(std::int32_t{count}));
     bytes.resize(kPlaylistHeaderBytes, std::byte{0});
-    sink.Append(bytes);
+    if (!sink.Append(bytes))
+        return false;
     for (int i = 0; i < count; ++i) {
         const PlaylistEntry* entry = list.At(i);
         std::u16string_view path = entry ? entry->Text(1) : std::u16string_view();
@@ -94,14 +97,18 @@ void WritePlaylist(const PlaylistEntryList& list, ByteSink& sink) {
         bytes.clear();
         AppendLe16(bytes, static_cast<std::uint16_t>(length));
         AppendUtf16Z(bytes, path);
-        sink.Append(bytes);
+        if (!sink.Append(bytes))
+            return false;
     }
+    return true;
 }
 
 int SavePlaylist(std::u16string_view path, const PlaylistEntryList& list) {
     // Made in memory and swapped in whole: a failing disk keeps the old file.
+    // A list too long to store is refused before the file is touched.
     MemorySink sink;
-    WritePlaylist(list, sink);
+    if (!WritePlaylist(list, sink))
+        return 0;
     return CurrentDevice().FileSystem().ReplaceFile(path, sink.Bytes()) ? 1 : 0;
 }
 

@@ -28,6 +28,9 @@ constexpr std::size_t kMaxPlaylistPathBytes = 520;
 // The longest path the writer writes: its entry buffer holds 524 bytes, the
 // length word and 260 characters with their NUL.
 constexpr std::size_t kMaxWrittenPathChars = 260;
+// The most entries a file can say it holds: the count is written as a
+// signed 16-bit number.
+constexpr int kMaxPlaylistEntries = 32767;
 
 // Empties the list (destroying its entries), then appends one entry per
 // stored path, its text 1 the full path (empty for an empty stored path).
@@ -39,7 +42,9 @@ int LoadPlaylist(std::u16string_view path, PlaylistEntryList& list);
 // Writes text 1 of every entry, in order, replacing the file atomically.
 // Entries whose text 1 is empty are left out, yet the header still counts
 // every entry of the list; a reader then meets the end of the file early and
-// keeps what it read. 1 when the file was written, 0 when it could not be.
+// keeps what it read. 1 when the file was written, 0 when it could not be
+// or when the list holds more than kMaxPlaylistEntries entries; the old file
+// is then left as it was.
 int SavePlaylist(std::u16string_view path, const PlaylistEntryList& list);
 
 struct PlaylistHeader {
@@ -53,6 +58,8 @@ struct PlaylistHeader {
 // when not even the header could be read.
 bool ReadPlaylist(DeviceFile& file, std::u16string_view musicFolder, PlaylistEntryList& list,
                   PlaylistHeader* header = nullptr);
-void WritePlaylist(const PlaylistEntryList& list, ByteSink& sink);
+// false, having written nothing, for a list of more than kMaxPlaylistEntries
+// entries; false as well when the sink refused bytes.
+bool WritePlaylist(const PlaylistEntryList& list, ByteSink& sink);
 
 } // namespace zelvor

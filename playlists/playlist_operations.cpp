@@ -127,23 +127,26 @@ RowsAfterDeletion DeleteSongsFromPlaylist(std::u16string_view path, PlaylistEntr
     std::sort(rows.begin(), rows.end());
     rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     std::vector<int> filePositions;
-    for (auto it = rows.rbegin(); it != rows.rend(); ++it) {
-        PlaylistEntry* row = shownRows.At(*it);
-        filePositions.push_back(row->ValueC());
-        shownRows.Remove(row);
-    }
+    for (int r : rows)
+        filePositions.push_back(shownRows.At(r)->ValueC());
     std::sort(filePositions.begin(), filePositions.end(), std::greater<>());
     for (int position : filePositions) {
         if (PlaylistEntry* entry = position >= 0 ? file.At(position) : nullptr)
             file.Remove(entry);
     }
+    // A file that cannot be saved keeps its songs, and so do the rows.
+    if (SavePlaylist(path, file) != 1) {
+        feedback.Beep();
+        return {};
+    }
+    for (auto it = rows.rbegin(); it != rows.rend(); ++it)
+        shownRows.Remove(shownRows.At(*it));
     // The rows left keep pointing at their entries, which moved up.
     for (const auto& row : shownRows) {
         const auto below = std::count_if(filePositions.begin(), filePositions.end(),
                                          [&](int p) { return p < row->ValueC(); });
         row->SetValueC(row->ValueC() - static_cast<int>(below));
     }
-    SavePlaylist(path, file);
     feedback.PlaySound(kSoundDeleteSong);
     const int count = shownRows.Count();
     const int deleted = static_cast<int>(rows.size());
@@ -158,7 +161,10 @@ std::u16string AddToNewPlaylist(std::span<const std::u16string> songPaths, UserF
     const std::u16string fileName = MakeNewPlaylistName();
     const std::u16string path = JoinDevicePath(GetPlaylistFolder(), fileName);
     PlaylistEntryList list;
-    SavePaths(path, list, songPaths);
+    if (!SavePaths(path, list, songPaths)) {
+        feedback.Beep();
+        return {};
+    }
     const std::u16string_view name = FileNameOfPath(fileName, true);
     feedback.MessageBox(FormatText(BuiltIn(kTextAddTo), name), kMbOk);
     return path;
@@ -171,9 +177,13 @@ bool AddToPlaylistFile(std::u16string_view path, std::span<const std::u16string>
         feedback.Beep();
         return false;
     }
-    const bool written = SavePaths(path, list, songPaths);
+    // A list grown past what a file can hold is refused; the file stays.
+    if (!SavePaths(path, list, songPaths)) {
+        feedback.Beep();
+        return false;
+    }
     feedback.PlaySound(kSoundMyFavorite);
-    return written;
+    return true;
 }
 
 } // namespace zelvor

@@ -77,18 +77,19 @@ RowsAfterDeletion DeletePlaylist(std::vector<PlaylistRow>& rows, int row, UserFe
 // the position of its entry in the file in value C (the browser sets it when
 // it opens the list), so the rows may have been sorted since. The row to
 // select is min(count - 1, last selected - number deleted + 1). Nothing
-// selected or an unreadable file only beeps.
+// selected, an unreadable file or one that cannot be saved only beeps.
 RowsAfterDeletion DeleteSongsFromPlaylist(std::u16string_view path, PlaylistEntryList& shownRows,
                                           std::span<const int> selected, UserFeedback& feedback);
 
 // Writes the songs into a new playlist with the first free "New Playlist N"
 // name and tells the user its name. Returns the new file's path; empty, with
-// a beep, when there are no songs.
+// a beep, when there are no songs or the file could not be saved.
 std::u16string AddToNewPlaylist(std::span<const std::u16string> songPaths, UserFeedback& feedback);
 
 // Appends the songs to the playlist file at path (a missing file starts
 // empty; a song already there is listed twice) and plays the favourite
-// sound. No songs or an unreadable file only beeps. True when written.
+// sound. No songs, an unreadable file or one that cannot be saved (also for
+// being too long, see kMaxPlaylistEntries) only beeps. True when written.
 bool AddToPlaylistFile(std::u16string_view path, std::span<const std::u16string> songPaths,
                        UserFeedback& feedback);
 

@@ -158,14 +158,24 @@ TEST_F(PlaylistFile, WriterKeepsPathsOfUpTo260Characters) {
     EXPECT_EQ(device.ReadFile(kFile), MplHeader(2) + MplEntry(longest));
 }
 
-TEST_F(PlaylistFile, CountIsTakenAsSixteenBits) {
+// The count is a signed 16-bit number: the longest list that fits is
+// saved whole, one more entry is refused and the old file stays.
+TEST_F(PlaylistFile, ListTooLongToStoreIsRefusedAndTheOldFileKept) {
+    ASSERT_EQ(SavePlaylist(kFile, ListOf({u"\\keep.mp3"})), 1);
+    const std::string before = device.ReadFile(kFile);
     PlaylistEntryList list;
-    for (int i = 0; i < 32768; ++i)
+    for (int i = 0; i < kMaxPlaylistEntries + 1; ++i)
         list.Insert(std::make_unique<PlaylistEntry>(u"\\a"));
     MemorySink sink;
-    WritePlaylist(list, sink);
-    std::string bytes(reinterpret_cast<const char*>(sink.Bytes().data()), sink.Bytes().size());
-    EXPECT_EQ(bytes, MplHeader(-32768));
+    EXPECT_FALSE(WritePlaylist(list, sink));
+    EXPECT_EQ(SavePlaylist(kFile, list), 0);
+    EXPECT_EQ(device.ReadFile(kFile), before);
+
+    list.Remove(list.At(0));
+    ASSERT_EQ(SavePlaylist(kFile, list), 1);
+    PlaylistEntryList loaded;
+    ASSERT_EQ(LoadPlaylist(kFile, loaded), 1);
+    EXPECT_EQ(loaded.Count(), kMaxPlaylistEntries);
 }
 
 TEST_F(PlaylistFile, FailedSaveLeavesThePreviousFileIntact) {

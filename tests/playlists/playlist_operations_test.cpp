@@ -151,6 +151,21 @@ TEST_F(PlaylistOperations, AddingASongTwiceListsItTwice) {
     EXPECT_EQ(feedback.beeps, 2);
 }
 
+// A list grown past what a file can count is refused with a beep: the
+// user's file keeps every song it had, and no new file is announced.
+TEST_F(PlaylistOperations, AddingPastTheLongestStorableListBeepsAndKeepsTheFile) {
+    const std::u16string file = InFolder(u"Full");
+    const Paths full(kMaxPlaylistEntries, u"\\Storage Card\\a.mp3");
+    Write(file, full);
+    EXPECT_FALSE(AddToPlaylistFile(file, Paths{u"\\b.mp3"}, feedback));
+    EXPECT_EQ(Read(file).size(), full.size());
+    const Paths tooMany(kMaxPlaylistEntries + 1, u"\\c.mp3");
+    EXPECT_EQ(AddToNewPlaylist(tooMany, feedback), u"");
+    EXPECT_EQ(feedback.beeps, 2);
+    EXPECT_TRUE(feedback.sounds.empty());
+    EXPECT_TRUE(feedback.messages.empty());
+}
+
 TEST(PlaylistSongPaths, LibraryPathForLinkedRowsAndTheStoredPathOtherwise) {
     TrackList library;
     library.AddTrack(std::make_unique<TrackRecord>());

@@ -4,6 +4,7 @@
 //
 // Exit status: 0 made, 1 failed (one line on standard error), 2 bad usage.
 
+#include "tools/common/program_cli.h"
 #include "tools/zelvor_demo/demo_maker.h"
 
 #include <cstdio>
@@ -17,22 +18,19 @@ constexpr const char* kUsage =
     "  Makes a demo device at DIR: music on the storage card and the flash disk,\n"
     "  Ombrel.txt, the registry values, the two sounds and a manifest\n"
     "  (DIR/demo-manifest.jsonl). --skins copies Zelvor*.rcc from DIR when present;\n"
-    "  --force removes an existing device root first.\n";
+    "  --force removes an existing device root first.\n"
+    "       zelvor-demo --help | --version\n";
+constexpr zelvor::ProgramUsage kProgram{"zelvor-demo", kUsage};
 
-int Usage(const char* problem) {
-    if (problem)
-        std::fprintf(stderr, "zelvor-demo: %s\n", problem);
-    std::fputs(kUsage, stderr);
-    return 2;
+int Usage(std::string_view problem) {
+    return zelvor::UsageError(kProgram, problem);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc >= 2 && (std::string_view(argv[1]) == "--help" || std::string_view(argv[1]) == "-h")) {
-        std::fputs(kUsage, stdout);
-        return 0;
-    }
+    if (auto status = zelvor::AnswerStandardOptions(kProgram, argc, argv))
+        return *status;
     if (argc < 2 || std::string_view(argv[1]) != "make")
         return Usage(argc < 2 ? "missing command" : "unknown command");
 
@@ -44,17 +42,15 @@ int main(int argc, char** argv) {
         } else if ((arg == "--root" || arg == "--skins") && i + 1 < argc) {
             (arg == "--root" ? options.root : options.skins.emplace()) = argv[++i];
         } else {
-            return Usage(("unexpected argument " + std::string(arg)).c_str());
+            return Usage("unexpected argument " + std::string(arg));
         }
     }
     if (options.root.empty())
         return Usage("--root DIR is required");
 
     std::string error;
-    if (!zelvor::demo::MakeDemoDevice(options, &error)) {
-        std::fprintf(stderr, "zelvor-demo: %s\n", error.c_str());
-        return 1;
-    }
+    if (!zelvor::demo::MakeDemoDevice(options, &error))
+        return zelvor::Failure(kProgram.name, error);
     std::printf("demo device made at %s\n", options.root.c_str());
     return 0;
 }

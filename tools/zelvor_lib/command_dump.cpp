@@ -123,7 +123,8 @@ int RunDumpCommand(const Arguments& args) {
     LibraryHeader header;
     bool read = ReadTrackList(*opened->file, opened->relativeBase, list, &header);
     PrintTrackList(header, read, list);
-    return 0;
+    // A file too short for a header is shown as such, and fails the command.
+    return read ? 0 : 1;
 }
 
 } // namespace zelvor

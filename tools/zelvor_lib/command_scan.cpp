@@ -15,6 +15,7 @@
 #include "library/library_updater.h"
 #include "platform/text.h"
 #include "tags/build_track_record.h"
+#include "tools/common/program_cli.h"
 #include "tools/zelvor_lib/command_line.h"
 #include "tools/zelvor_lib/commands.h"
 #include "tools/zelvor_lib/json_line.h"
@@ -124,6 +125,7 @@ int RunScanCommand(const Arguments& args) {
                              static_cast<std::uint32_t>(updater.Results().Count()), kLibraryFieldCount};
         PrintTrackList(header, true, updater.Results());
     }
+    bool writeFailed = false;
     if (cmd.Has("--write")) {
         // The interactive caller replaces the library whatever the run's end,
         // a cancelled one included; the silent caller its storage's part.
@@ -135,8 +137,7 @@ int RunScanCommand(const Arguments& args) {
         } else {
             saved = ReplaceLibraryAfterUpdate(library, updater.Results());
         }
-        if (!saved)
-            std::fprintf(stderr, "zelvor-lib scan: the library could not be saved\n");
+        writeFailed = saved != 1;
     }
     std::printf("%s\n", JsonLine()
                             .Add("found", stats.found)
@@ -148,7 +149,11 @@ int RunScanCommand(const Arguments& args) {
                             .Add("cancelled", updater.Stopped())
                             .Str()
                             .c_str());
-    return 0;
+    // The figures are printed either way; a library that could not be saved
+    // fails the command, whatever the scan found.
+    if (writeFailed)
+        return Failure("zelvor-lib scan", "the library could not be saved");
+    return kExitSuccess;
 }
 
 } // namespace zelvor

@@ -35,7 +35,8 @@ int RunSortCommand(const Arguments& args) {
     // list's initial key or order, and each is cut to 16 bits.
     list.SortTracks(static_cast<int>(*key), static_cast<int>(order.value_or(1)));
     PrintTrackList(header, read, list);
-    return 0;
+    // A file too short for a header is shown as such, and fails the command.
+    return read ? 0 : 1;
 }
 
 } // namespace zelvor

@@ -1,9 +1,10 @@
 // zelvor-lib: the music library without a screen. Machine-readable output is
 // JSON Lines on standard output; errors are one line on standard error.
 
-#include <cstdio>
+#include <string>
 #include <string_view>
 
+#include "tools/common/program_cli.h"
 #include "tools/zelvor_lib/commands.h"
 
 namespace {
@@ -27,23 +28,28 @@ constexpr Command kCommands[] = {
      zelvor::RunScanCommand},
 };
 
-int Usage() {
-    std::fputs("usage: zelvor-lib COMMAND ...\n", stderr);
+std::string MakeUsage() {
+    std::string usage = "usage: zelvor-lib COMMAND ...\n";
     for (const Command& c : kCommands)
-        std::fprintf(stderr, "  zelvor-lib %.*s\n", static_cast<int>(c.usage.size()), c.usage.data());
-    return 2;
+        usage += "  zelvor-lib " + std::string(c.usage) + "\n";
+    usage += "  zelvor-lib --help | --version\n"
+             "Exit status: 0 done, 1 failed, 2 bad usage.\n";
+    return usage;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
+    const std::string usage = MakeUsage();
+    const zelvor::ProgramUsage program{"zelvor-lib", usage};
+    if (auto status = zelvor::AnswerStandardOptions(program, argc, argv))
+        return *status;
     if (argc < 2)
-        return Usage();
+        return zelvor::UsageError(program, "missing command");
     std::string_view name = argv[1];
     for (const Command& c : kCommands) {
         if (c.name == name)
             return c.run(zelvor::Arguments(argv + 2, argv + argc));
     }
-    std::fprintf(stderr, "zelvor-lib: unknown command '%s'\n", argv[1]);
-    return Usage();
+    return zelvor::UsageError(program, "unknown command '" + std::string(name) + "'");
 }

@@ -17,6 +17,7 @@
 #include "platform/device.h"
 #include "platform/host/endpoint.h"
 #include "platform/text.h"
+#include "tools/common/program_cli.h"
 #include "tools/zelvor_send/message_argument.h"
 
 namespace {
@@ -34,15 +35,13 @@ struct Options {
     std::vector<std::int64_t> numbers; // MSG WPARAM LPARAM
 };
 
-int Usage(const std::string& why) {
-    std::fprintf(stderr,
-                 "zelvor-send: %s\n"
-                 "usage: zelvor-send [--root DIR] [--post] (--title T | --class C) MSG [WPARAM [LPARAM]]\n"
-                 "       zelvor-send [--root DIR] --listen (--title T | --class C) [--answer N]"
-                 " [--count K] [--exit-on MSG]\n",
-                 why.c_str());
-    return 2;
-}
+constexpr zelvor::ProgramUsage kProgram{
+    "zelvor-send",
+    "usage: zelvor-send [--root DIR] [--post] (--title T | --class C) MSG [WPARAM [LPARAM]]\n"
+    "       zelvor-send [--root DIR] --listen (--title T | --class C) [--answer N]"
+    " [--count K] [--exit-on MSG]\n"
+    "       zelvor-send --help | --version\n"
+    "Exit status: 0 done, 1 failed (nobody listens, no answer), 2 bad usage.\n"};
 
 std::optional<std::string> ParseOptions(const std::vector<std::string>& args, Options& o) {
     for (size_t i = 0; i < args.size(); ++i) {
@@ -96,10 +95,8 @@ std::optional<std::string> ParseOptions(const std::vector<std::string>& args, Op
 int Listen(QCoreApplication& app, const Options& o) {
     EndpointServer server;
     std::string error;
-    if (!server.Listen(o.root, *o.address, &error)) {
-        std::fprintf(stderr, "zelvor-send: %s\n", error.c_str());
-        return 1;
-    }
+    if (!server.Listen(o.root, *o.address, &error))
+        return Failure(kProgram.name, error);
     long long received = 0;
     server.SetHandler([&](const WindowMessage& m, MessageKind kind) {
         std::printf("{\"message\":%u,\"wParam\":%u,\"lParam\":%d,\"kind\":\"%s\"}\n", m.message,
@@ -118,10 +115,12 @@ int Listen(QCoreApplication& app, const Options& o) {
 } // namespace
 
 int main(int argc, char** argv) {
+    if (auto status = AnswerStandardOptions(kProgram, argc, argv))
+        return *status;
     QCoreApplication app(argc, argv);
     Options o;
     if (auto why = ParseOptions(std::vector<std::string>(argv + 1, argv + argc), o))
-        return Usage(*why);
+        return UsageError(kProgram, *why);
     if (o.listen)
         return Listen(app, o);
     WindowMessage m;
@@ -131,14 +130,11 @@ int main(int argc, char** argv) {
     if (o.post) {
         if (PostToEndpoint(o.root, *o.address, m))
             return 0;
-        std::fprintf(stderr, "zelvor-send: nobody listens as %s\n", EndpointFileName(*o.address).c_str());
-        return 1;
+        return Failure(kProgram.name, "nobody listens as " + EndpointFileName(*o.address));
     }
     auto result = SendToEndpoint(o.root, *o.address, m);
-    if (!result) {
-        std::fprintf(stderr, "zelvor-send: no answer from %s\n", EndpointFileName(*o.address).c_str());
-        return 1;
-    }
+    if (!result)
+        return Failure(kProgram.name, "no answer from " + EndpointFileName(*o.address));
     std::printf("%d\n", *result);
     return 0;
 }

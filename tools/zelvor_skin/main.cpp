@@ -20,12 +20,20 @@
 #include "palette.h"
 #include "preview.h"
 #include "skin_set.h"
+#include "tools/common/program_cli.h"
 #include "ui/layout/skin_catalogue.h"
 
 namespace {
 
 using namespace zelvor;
 using namespace zelvor::skin;
+
+constexpr ProgramUsage kProgram{
+    "zelvor-skin",
+    "usage: zelvor-skin generate --colour 0-4 --out DIR [--prefix /PATH] [--qrc NAME]\n"
+    "       zelvor-skin preview --colour 0-4 --out DIR\n"
+    "       zelvor-skin icon --out DIR\n"
+    "       zelvor-skin --help | --version\n"};
 
 struct Options {
     QString command;
@@ -93,6 +101,9 @@ bool MatchesCatalogue(const SkinImages& images) {
 } // namespace
 
 int main(int argc, char** argv) {
+    if (auto status = AnswerStandardOptions(kProgram, argc, argv)) {
+        return *status;
+    }
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
@@ -111,15 +122,11 @@ int main(int argc, char** argv) {
     if (!options ||
         (options->command != QStringLiteral("generate") &&
          options->command != QStringLiteral("preview"))) {
-        std::fputs("usage: zelvor-skin generate --colour 0-4 --out DIR [--prefix /PATH] "
-                   "[--qrc NAME]\n       zelvor-skin preview --colour 0-4 --out DIR\n"
-                   "       zelvor-skin icon --out DIR\n",
-                   stderr);
-        return 2;
+        return UsageError(kProgram, "bad arguments");
     }
     const SkinImages images = RenderSkinSet(options->colour);
     if (!MatchesCatalogue(images)) {
-        return 1;
+        return kExitFailure;
     }
     QString error;
     const bool written =
@@ -127,8 +134,7 @@ int main(int argc, char** argv) {
             ? WriteSkinSet(images, options->out, options->qrc, options->prefix, &error)
             : WritePreview(images, PaletteFor(options->colour).name, options->out, &error);
     if (!written) {
-        std::fprintf(stderr, "zelvor-skin: %s\n", qPrintable(error));
-        return 1;
+        return Failure(kProgram.name, error.toStdString());
     }
-    return 0;
+    return kExitSuccess;
 }
