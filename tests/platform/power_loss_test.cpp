@@ -17,6 +17,7 @@
 
 #include "app/settings.h"
 #include "library/library_file.h"
+#include "platform/durable_file.h"
 #include "platform/registry_store.h"
 #include "playlists/playlist_file.h"
 #include "playlists/playlist_names.h"
@@ -177,6 +178,28 @@ TEST_P(PowerLoss, EveryLoadFindsTheWholeOldOrNewFileAndNoTemporaryStays) {
     EXPECT_EQ(Temporaries(file.hostPath), 0);
     std::printf("%s: %d kills, %d broken loads, %d found the new file\n", GetParam().name, kKills,
                 broken, foundNew);
+}
+
+// Only what a writer that no longer runs left of the same file goes: a
+// live writer may still rename its temporary into place.
+TEST(DurableFile, WriteRemovesTheStaleTemporariesOfItsFileOnly) {
+    testing::TempDir dir;
+    const pid_t gone = ::fork();
+    if (gone == 0)
+        ::_exit(0);
+    ::waitpid(gone, nullptr, 0);
+    const std::string dead = ".MusicLib.qdx.tmp-" + std::to_string(gone) + "-0";
+    const std::string kept[] = {".MusicLib.qdx.tmp-" + std::to_string(::getppid()) + "-0",
+                                ".MusicLib.qdx.tmp-" + std::to_string(::getpid()) + "-7",
+                                ".Other.mpl.tmp-" + std::to_string(gone) + "-0",
+                                ".MusicLib.qdx.tmp-x-0"};
+    for (const std::string& name : kept)
+        std::ofstream(dir.Path() / name) << "x";
+    std::ofstream(dir.Path() / dead) << "x";
+    ASSERT_TRUE(WriteFileDurably(dir.Path() / "MusicLib.qdx", testing::Bytes("new")));
+    EXPECT_FALSE(fs::exists(dir.Path() / dead));
+    for (const std::string& name : kept)
+        EXPECT_TRUE(fs::exists(dir.Path() / name)) << name;
 }
 
 INSTANTIATE_TEST_SUITE_P(
