@@ -63,10 +63,7 @@ CBrowserScreen::CBrowserScreen(FrameMessages& frame, TrackList& library, RecordB
     m_controller.ShowTopList();
 }
 
-CBrowserScreen::~CBrowserScreen() {
-    while (m_waitCursors > 0)
-        SetWaitCursor(false);
-}
+CBrowserScreen::~CBrowserScreen() = default;
 
 void CBrowserScreen::MakeButtons() {
     const BrowserLayout layout = BrowserLayoutFor(CurrentOrientation());
@@ -251,13 +248,7 @@ void CBrowserScreen::RunLibraryUpdate() {
 }
 
 void CBrowserScreen::SetWaitCursor(bool on) {
-    if (on) {
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-        ++m_waitCursors;
-    } else if (m_waitCursors > 0) {
-        QGuiApplication::restoreOverrideCursor();
-        --m_waitCursors;
-    }
+    m_waitCursors.Set(on);
 }
 
 void CBrowserScreen::StartRename(int row) {

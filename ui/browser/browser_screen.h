@@ -27,6 +27,7 @@
 #include "ui/layout/browser_layout.h"
 #include "ui/main_frame/browser_pane.h"
 #include "ui/player_pane.h"
+#include "ui/drawing/wait_cursor_count.h"
 
 namespace zelvor {
 
@@ -108,7 +109,7 @@ private:
     QWidget* m_auxiliary = nullptr;
     std::array<CBitmapButton*, kBrowserButtonCount> m_buttons{};
     QPointer<QMenu> m_menu;
-    int m_waitCursors = 0;
+    WaitCursorCount m_waitCursors;
 };
 
 } // namespace zelvor

@@ -7,7 +7,7 @@
 #include "app/application_values.h"
 #include "res/string_table.h"
 #include "ui/lists/list_rules.h"
-#include "ui/lists/scoped_wait_cursor.h"
+#include "ui/drawing/wait_cursor_count.h"
 #include "ui/lists/track_list_model.h"
 
 namespace zelvor {

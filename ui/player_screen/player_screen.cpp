@@ -65,8 +65,6 @@ CPlayerScreen::~CPlayerScreen() {
     m_control.reset();
     m_player.reset();
     StopAllTimers();
-    while (m_waitCursors > 0)
-        SetWaitCursor(false);
 }
 
 void CPlayerScreen::MakeHostServices(PlayerScreenHost& host) {
@@ -360,13 +358,7 @@ void CPlayerScreen::FocusPlayer() {
 }
 
 void CPlayerScreen::SetWaitCursor(bool on) {
-    if (on) {
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-        ++m_waitCursors;
-    } else if (m_waitCursors > 0) {
-        QGuiApplication::restoreOverrideCursor();
-        --m_waitCursors;
-    }
+    m_waitCursors.Set(on);
 }
 
 int CPlayerScreen::MeasureTitleText(std::u16string_view text) {

@@ -32,6 +32,7 @@
 #include "ui/player_screen/player_screen_host.h"
 #include "ui/player_screen/player_screen_images.h"
 #include "ui/player_screen/player_screen_painter.h"
+#include "ui/drawing/wait_cursor_count.h"
 
 namespace zelvor {
 
@@ -136,7 +137,7 @@ private:
     QImage m_buffer; // the off-screen image, the layout's screen size
 
     std::map<int, int> m_timers; // screen timer id -> Qt timer id
-    int m_waitCursors = 0;
+    WaitCursorCount m_waitCursors;
     bool m_startupPosted = false;
     bool m_captured = false;
 
