@@ -169,10 +169,10 @@ TEST_F(BrowserInFrame, TheTourWalksTheBrowserAndFillsMyFavourites2) {
     tour.Start();
     ASSERT_TRUE(SpinUntil([&] { return closed; }, 30000));
     const QStringList files = QDir(folder).entryList({"*.png"}, QDir::Files, QDir::Name);
-    ASSERT_EQ(files.size(), 30);
-    EXPECT_EQ(files[12], "13-play-artist.png");
-    EXPECT_EQ(files[19], "20-update-dialog.png");
-    EXPECT_EQ(files[21], "22-back-to-player.png");
+    ASSERT_EQ(files.size(), 31);
+    EXPECT_EQ(files[19], "20-play-artist.png");
+    EXPECT_EQ(files[26], "27-update-dialog.png");
+    EXPECT_EQ(files[28], "29-back-to-player.png");
     PlaylistEntryList favourites;
     LoadPlaylist(GetFavoritesPath(1), favourites);
     ASSERT_EQ(favourites.Count(), 1);

@@ -69,27 +69,26 @@ TEST(DemoTourSteps, ReachThePaneAndTheFrameAndLeaveAPictureEach) {
     const QStringList files = QDir(folder).entryList({"*.png"}, QDir::Files, QDir::Name);
     EXPECT_EQ(files, (QStringList{"01-first-start.png", "02-library-found.png", "03-play.png",
                                   "04-pause.png", "05-next.png", "06-seek.png", "07-random.png",
-                                  "08-repeat.png", "09-volume.png", "10-colour.png",
-                                  "11-landscape.png", "12-panel-landscape.png",
-                                  "13-panel-delete.png", "14-panel-hand-on.png",
-                                  "15-portrait.png", "16-panel-portrait.png",
-                                  "17-panel-leave.png"}));
-    EXPECT_EQ(tour.Saved().size(), 17);
+                                  "08-repeat.png", "09-volume.png", "10-panel-portrait.png",
+                                  "11-panel-delete.png", "12-panel-hand-on.png", "13-turn.png",
+                                  "14-panel-landscape.png", "15-panel-leave.png",
+                                  "16-portrait.png", "17-colour.png", "18-landscape.png"}));
+    EXPECT_EQ(tour.Saved().size(), 18);
     EXPECT_EQ(QImage(folder + "/02-library-found.png").size(), QSize(240, 320));
-    EXPECT_EQ(QImage(folder + "/11-landscape.png").size(), QSize(320, 240));
-    EXPECT_EQ(QImage(folder + "/12-panel-landscape.png").size(), QSize(320, 240));
-    EXPECT_EQ(QImage(folder + "/16-panel-portrait.png").size(), QSize(240, 320));
+    EXPECT_EQ(QImage(folder + "/18-landscape.png").size(), QSize(320, 240));
+    EXPECT_EQ(QImage(folder + "/14-panel-landscape.png").size(), QSize(320, 240));
+    EXPECT_EQ(QImage(folder + "/10-panel-portrait.png").size(), QSize(240, 320));
     // The panel shows over the player and is gone again after hand on and leave.
-    EXPECT_NE(QImage(folder + "/12-panel-landscape.png"), QImage(folder + "/11-landscape.png"));
-    EXPECT_EQ(QImage(folder + "/14-panel-hand-on.png"), QImage(folder + "/11-landscape.png"));
-    EXPECT_EQ(QImage(folder + "/17-panel-leave.png"), QImage(folder + "/15-portrait.png"));
+    EXPECT_NE(QImage(folder + "/14-panel-landscape.png"), QImage(folder + "/13-turn.png"));
+    EXPECT_EQ(QImage(folder + "/12-panel-hand-on.png"), QImage(folder + "/09-volume.png"));
+    EXPECT_EQ(QImage(folder + "/15-panel-leave.png"), QImage(folder + "/13-turn.png"));
 
     EXPECT_EQ(keysBeforeClose, (std::vector<int>{Qt::Key_Return, Qt::Key_Return, Qt::Key_Return,
                                                  Qt::Key_Right, Qt::Key_Down, Qt::Key_Down,
                                                  Qt::Key_Down}));
     EXPECT_EQ(tapsBeforeClose,
               (std::vector<QPoint>{PlaceCentre(kButtonSeekBar, 0.6), PlaceCentre(kButtonRandomOff),
-                                   PlaceCentre(kButtonRepeatOff), menuLandscape, menuPortrait}));
+                                   PlaceCentre(kButtonRepeatOff), menuPortrait, menuLandscape}));
     // Two songs queued, the second deleted on the panel and the list handed on.
     EXPECT_EQ(queuedBeforeClose, 1u);
     // The colour changed from the program's own images to red.

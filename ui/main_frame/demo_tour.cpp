@@ -41,20 +41,23 @@ DemoTour::DemoTour(CMainFrame& frame, QString folder, double pace, QObject* pare
         {"repeat", [this] { TapButton(kButtonRepeatOff); }, 700},
         {"volume", [this] { Key(Qt::Key_Down); Key(Qt::Key_Down); Key(Qt::Key_Down); }, 1500},
     };
+    // The panel comes while the queue still holds the whole library, so that
+    // deleting a row shows; the browser's steps then play shorter lists.
+    AddPanelSteps();
     AddBrowserSteps();
     m_steps.push_back({"colour", [this] { ChangeColour(); }, 1000});
     m_steps.push_back({"landscape", [this] { m_frame.SetScreenSize(QSize(320, 240)); }, 2000});
-    AddPanelSteps();
 }
 
 void DemoTour::AddPanelSteps() {
     // The play list panel, from the Menu button, in both orientations.
-    m_steps.push_back({"panel-landscape", [this] { TapButton(kButtonMenu); }, 700});
+    m_steps.push_back({"panel-portrait", [this] { TapButton(kButtonMenu); }, 700});
     m_steps.push_back({"panel-delete", [this] { PanelDeleteRow(1); }, 700});
     m_steps.push_back({"panel-hand-on", [this] { PanelButton(kCmdHandOn); }, 1000});
-    m_steps.push_back({"portrait", [this] { m_frame.SetScreenSize(QSize(240, 320)); }, 1000});
-    m_steps.push_back({"panel-portrait", [this] { TapButton(kButtonMenu); }, 700});
+    m_steps.push_back({"turn", [this] { m_frame.SetScreenSize(QSize(320, 240)); }, 1000});
+    m_steps.push_back({"panel-landscape", [this] { TapButton(kButtonMenu); }, 700});
     m_steps.push_back({"panel-leave", [this] { PanelButton(kCmdFavourites); }, 700});
+    m_steps.push_back({"portrait", [this] { m_frame.SetScreenSize(QSize(240, 320)); }, 1000});
 }
 
 void DemoTour::Start() {

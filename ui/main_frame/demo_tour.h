@@ -1,16 +1,16 @@
 #pragma once
 // A scripted walk through the player for demonstrations and headless
 // checks (`zelvor --tour DIR`): the first start, the library found, play,
-// pause, next, seek, random, repeat, volume; with the real browser screen
-// the browser too (Artists, an artist, playing from it, adding a song to "My
-// Favourites 2", opening and playing that list, the library update dialog,
-// back to the player); then a colour change, the turn to landscape, and the
-// play list panel from the Menu button (a row deleted, the list handed on)
-// and again in portrait (left). Each step is done the way a user or the
-// shell would do it (keys and taps on the panes, the shell's messages to the
-// frame), with a picture of the frame (and of a menu or dialog open over it)
-// saved after each step as DIR/NN-step.png. At the end the frame is asked to
-// close, as the shell would.
+// pause, next, seek, random, repeat, volume; the play list panel from the
+// Menu button (a row deleted, the list handed on, again in landscape, left);
+// with the real browser screen the browser too (Artists, an artist, playing
+// from it, adding a song to "My Favourites 2", opening and playing that list,
+// the library update dialog, back to the player); then a colour change and
+// the turn to landscape. Each step is done the way a user or the shell would
+// do it (keys and taps on the panes, the shell's messages to the frame), with
+// a picture of the frame (and of a menu or dialog open over it) saved after
+// each step as DIR/NN-step.png. At the end the frame is asked to close, as
+// the shell would.
 //
 // The frame is borrowed and must outlive the tour (it ends with the frame).
 // pace scales every wait (1 = as a person would watch it; tests go faster).
