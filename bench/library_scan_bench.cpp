@@ -110,7 +110,8 @@ bool MakeDevice(const bench::Corpus& corpus,
 }
 
 // Every file below the two storage folders, breadth first, by a plain
-// readdir walk; visit(path) is called for each file.
+// readdir walk; visit(dirFd, folder, name) is called for each file, so a
+// caller that needs no path builds none.
 template <typename Visit> void WalkFiles(Visit visit) {
     std::deque<std::string> folders{(g_device->root / "Storage Card").string(),
                                     (g_device->root / "Flash Disk").string()};
@@ -123,14 +124,17 @@ template <typename Visit> void WalkFiles(Visit visit) {
         while (dirent* e = ::readdir(dir)) {
             if (e->d_name[0] == '.')
                 continue;
-            std::string path = folder + "/" + e->d_name;
             if (e->d_type == DT_DIR)
-                folders.push_back(std::move(path));
+                folders.push_back(folder + "/" + e->d_name);
             else
-                visit(path);
+                visit(::dirfd(dir), folder, e->d_name);
         }
         ::closedir(dir);
     }
+}
+
+bool IsMusicName(std::string_view name) {
+    return name.ends_with(".mp3") || name.ends_with(".wma") || name.ends_with(".aac");
 }
 
 // What the search phase does at its barest: every folder listed once,
@@ -138,9 +142,11 @@ template <typename Visit> void WalkFiles(Visit visit) {
 void BareWalk(benchmark::State& state) {
     for (auto _ : state) {
         int music = 0;
-        WalkFiles([&](const std::string& path) {
-            std::string_view name = path;
-            if (name.ends_with(".mp3") || name.ends_with(".wma") || name.ends_with(".aac"))
+        WalkFiles([&](int, const std::string& folder, const char* name) {
+            // The search keeps each found file's path, so the walk makes one.
+            std::string path = folder + "/" + name;
+            benchmark::DoNotOptimize(path);
+            if (IsMusicName(name))
                 ++music;
         });
         benchmark::DoNotOptimize(music);
@@ -160,30 +166,15 @@ void BareWalkReadingAttributes(benchmark::State& state) {
     };
     for (auto _ : state) {
         int music = 0;
-        std::deque<std::string> folders{(g_device->root / "Storage Card").string(),
-                                        (g_device->root / "Flash Disk").string()};
-        while (!folders.empty()) {
-            std::string folder = std::move(folders.front());
-            folders.pop_front();
-            DIR* dir = ::opendir(folder.c_str());
-            if (!dir)
-                continue;
-            while (dirent* e = ::readdir(dir)) {
-                std::string_view name = e->d_name;
-                if (name[0] == '.')
-                    continue;
-                if (e->d_type == DT_DIR) {
-                    folders.push_back(folder + "/" + e->d_name);
-                } else if (name.ends_with(".mp3") || name.ends_with(".wma") || name.ends_with(".aac")) {
-                    char value[16];
-                    XattrArgs args{reinterpret_cast<std::uintptr_t>(value), sizeof value, 0};
-                    benchmark::DoNotOptimize(::syscall(kGetxattrat, ::dirfd(dir), e->d_name, 0,
-                                                       "user.zelvor.attributes", &args, sizeof args));
-                    ++music;
-                }
-            }
-            ::closedir(dir);
-        }
+        WalkFiles([&](int dirFd, const std::string&, const char* name) {
+            if (!IsMusicName(name))
+                return;
+            char value[16];
+            XattrArgs args{reinterpret_cast<std::uintptr_t>(value), sizeof value, 0};
+            benchmark::DoNotOptimize(::syscall(kGetxattrat, dirFd, name, 0,
+                                               "user.zelvor.attributes", &args, sizeof args));
+            ++music;
+        });
         state.counters["files"] = music;
     }
 }
@@ -232,7 +223,8 @@ void TagLibWalk(benchmark::State& state) {
     OnDevice on(state.range(0) ? g_mp3WmaDevice : g_device);
     for (auto _ : state) {
         int read = 0;
-        WalkFiles([&](const std::string& path) {
+        WalkFiles([&](int, const std::string& folder, const char* name) {
+            const std::string path = folder + "/" + name;
             TagLib::FileRef file(path.c_str(), true, TagLib::AudioProperties::Fast);
             if (file.isNull() || !file.tag())
                 return;
