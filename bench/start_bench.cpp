@@ -13,6 +13,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "bench/median_reporter.h"
+
 #include <chrono>
 #include <cstdlib>
 #include <cstdio>
@@ -154,21 +156,8 @@ void Start(benchmark::State& state) {
 }
 
 // Medians (or single runs) of the start time and the memory, by records.
-class StartReporter : public benchmark::ConsoleReporter {
+class StartReporter : public zelvor::MedianReporter {
 public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run& run : runs) {
-            if (run.run_type == Run::RT_Aggregate && run.aggregate_name != "median")
-                continue;
-            const std::string& args = run.run_name.args; // "records:N"
-            const int records = std::atoi(args.c_str() + args.find(':') + 1);
-            m_seconds[records] = run.GetAdjustedRealTime();
-            auto rss = run.counters.find("rss_kb");
-            if (rss != run.counters.end())
-                m_rssKb[records] = rss->second.value;
-        }
-    }
     void PrintSummary() const {
         if (!m_seconds.count(0))
             return;
@@ -186,6 +175,15 @@ public:
     }
 
 private:
+    void Keep(const Run& run) override {
+        const std::string& args = run.run_name.args; // "records:N"
+        const int records = std::atoi(args.c_str() + args.find(':') + 1);
+        m_seconds[records] = run.GetAdjustedRealTime();
+        auto rss = run.counters.find("rss_kb");
+        if (rss != run.counters.end())
+            m_rssKb[records] = rss->second.value;
+    }
+
     std::map<int, double> m_seconds;
     std::map<int, double> m_rssKb;
 };

@@ -13,6 +13,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "bench/median_reporter.h"
+
 #include <array>
 #include <cstdio>
 #include <map>
@@ -196,19 +198,8 @@ void Floor(benchmark::State& state, const std::vector<std::string>& names) {
     state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * files.size()));
 }
 
-class RatioReporter : public benchmark::ConsoleReporter {
+class RatioReporter : public zelvor::MedianReporter {
 public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run& run : runs) {
-            // With repetitions only the median counts; a single run counts as is.
-            if (run.run_type == Run::RT_Aggregate && run.aggregate_name != "median")
-                continue;
-            auto it = run.counters.find("items_per_second");
-            if (it != run.counters.end())
-                m_rates[run.run_name.function_name] = it->second.value;
-        }
-    }
     void PrintRatios() const {
         const std::array<std::array<const char*, 3>, 5> pairs = {{
             {"MP3", "zelvor/mp3", "taglib/mp3"},
@@ -227,6 +218,11 @@ public:
     }
 
 private:
+    void Keep(const Run& run) override {
+        auto it = run.counters.find("items_per_second");
+        if (it != run.counters.end())
+            m_rates[run.run_name.function_name] = it->second.value;
+    }
     double Rate(const std::string& prefix) const {
         for (const auto& [name, rate] : m_rates) {
             if (name.rfind(prefix, 0) == 0)
