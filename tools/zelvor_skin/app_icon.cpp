@@ -2,94 +2,15 @@
 
 #include <QDir>
 #include <QFile>
-#include <QPainter>
-#include <QPainterPath>
 
 #include "palette.h"
+#include "ui/drawing/program_icon.h"
 
 namespace zelvor::skin {
-namespace {
-
-// On the 24-unit grid the skin's pictograms use.
-constexpr double kGrid = 24.0;
-
-struct Shape {
-    enum Kind { RoundRect, Ellipse, Polygon } kind;
-    std::vector<QPointF> points; // RoundRect/Ellipse: top-left and size
-    double radius = 0;
-    bool onTile = false; // painted in white on the tile, else in the accent
-};
-
-const std::vector<Shape>& IconShapes() {
-    static const std::vector<Shape> shapes = {
-        {Shape::RoundRect, {{1, 1}, {22, 22}}, 5, false},
-        {Shape::Ellipse, {{5, 14.6}, {6, 4.8}}, 0, true},
-        {Shape::Ellipse, {{13, 12.6}, {6, 4.8}}, 0, true},
-        {Shape::Polygon, {{9.4, 6.6}, {19, 4.2}, {19, 15}, {17.4, 15}, {17.4, 8.2},
-                          {11, 9.8}, {11, 17}, {9.4, 17}}, 0, true},
-    };
-    return shapes;
-}
-
-QColor ShapeColour(const Shape& s) {
-    return s.onTile ? QColor(Qt::white) : PaletteFor(0).accent;
-}
-
-} // namespace
 
 const std::vector<int>& AppIconSizes() {
     static const std::vector<int> sizes = {16, 22, 24, 32, 48, 64, 128, 256};
     return sizes;
-}
-
-QImage PaintAppIcon(int size) {
-    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter p(&image);
-    p.setRenderHint(QPainter::Antialiasing);
-    p.scale(size / kGrid, size / kGrid);
-    p.setPen(Qt::NoPen);
-    for (const Shape& s : IconShapes()) {
-        p.setBrush(ShapeColour(s));
-        if (s.kind == Shape::Polygon) {
-            p.drawPolygon(s.points.data(), static_cast<int>(s.points.size()));
-            continue;
-        }
-        const QRectF box(s.points[0], QSizeF(s.points[1].x(), s.points[1].y()));
-        if (s.kind == Shape::Ellipse)
-            p.drawEllipse(box);
-        else
-            p.drawRoundedRect(box, s.radius, s.radius);
-    }
-    return image;
-}
-
-QString AppIconSvg() {
-    QString svg = QStringLiteral(
-        "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"24\" height=\"24\" "
-        "viewBox=\"0 0 24 24\">\n");
-    for (const Shape& s : IconShapes()) {
-        const QString fill = ShapeColour(s).name();
-        const QPointF a = s.points[0];
-        const QPointF b = s.points.size() > 1 ? s.points[1] : QPointF();
-        if (s.kind == Shape::RoundRect) {
-            svg += QStringLiteral("  <rect x=\"%1\" y=\"%2\" width=\"%3\" height=\"%4\" "
-                                  "rx=\"%5\" fill=\"%6\"/>\n")
-                       .arg(a.x()).arg(a.y()).arg(b.x()).arg(b.y()).arg(s.radius).arg(fill);
-        } else if (s.kind == Shape::Ellipse) {
-            svg += QStringLiteral("  <ellipse cx=\"%1\" cy=\"%2\" rx=\"%3\" ry=\"%4\" "
-                                  "fill=\"%5\"/>\n")
-                       .arg(a.x() + b.x() / 2).arg(a.y() + b.y() / 2)
-                       .arg(b.x() / 2).arg(b.y() / 2).arg(fill);
-        } else {
-            QStringList points;
-            for (const QPointF& pt : s.points)
-                points << QStringLiteral("%1,%2").arg(pt.x()).arg(pt.y());
-            svg += QStringLiteral("  <polygon points=\"%1\" fill=\"%2\"/>\n")
-                       .arg(points.join(QLatin1Char(' ')), fill);
-        }
-    }
-    return svg + QStringLiteral("</svg>\n");
 }
 
 bool WriteAppIcons(const QString& folder, QString* error) {
@@ -97,7 +18,7 @@ bool WriteAppIcons(const QString& folder, QString* error) {
     for (int size : AppIconSizes()) {
         const QString dir = QStringLiteral("hicolor/%1x%1/apps").arg(size);
         const QString path = root.filePath(dir + QStringLiteral("/zelvor.png"));
-        if (!root.mkpath(dir) || !PaintAppIcon(size).save(path, "PNG")) {
+        if (!root.mkpath(dir) || !PaintProgramIcon(size, PaletteFor(0).accent).save(path, "PNG")) {
             *error = QStringLiteral("cannot write ") + path;
             return false;
         }
@@ -105,7 +26,7 @@ bool WriteAppIcons(const QString& folder, QString* error) {
     const QString dir = QStringLiteral("hicolor/scalable/apps");
     QFile svg(root.filePath(dir + QStringLiteral("/zelvor.svg")));
     if (!root.mkpath(dir) || !svg.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
-        svg.write(AppIconSvg().toUtf8()) < 0) {
+        svg.write(ProgramIconSvg(PaletteFor(0).accent).toUtf8()) < 0) {
         *error = QStringLiteral("cannot write ") + svg.fileName();
         return false;
     }

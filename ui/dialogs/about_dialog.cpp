@@ -2,10 +2,10 @@
 
 #include <QLabel>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPushButton>
 
 #include "ui/dialogs/dialog_results.h"
+#include "ui/drawing/program_icon.h"
 
 namespace zelvor {
 namespace {
@@ -33,7 +33,7 @@ CAboutDialog::CAboutDialog(QWidget* parent)
     : CSkinnedDialog(parent, QStringLiteral("About MP3 Player"),
                      DialogPixelSize(kWidth, kHeight, kButtonHeight)) {
     auto* icon = new QLabel(this);
-    icon->setPixmap(QPixmap::fromImage(ProgramIcon(kIconSide, Colours().tint)));
+    icon->setPixmap(QPixmap::fromImage(PaintProgramIcon(kIconSide, Colours().tint)));
     PixelRect iconPlace = DialogRectToPixels(kIconPlace);
     iconPlace.right = iconPlace.left + kIconSide;
     iconPlace.bottom = iconPlace.top + kIconSide;
@@ -52,35 +52,5 @@ int CAboutDialog::DoModal() {
     return exec() == QDialog::Accepted ? kIdOk : kIdCancel;
 }
 
-QImage ProgramIcon(int side, const QColor& tint) {
-    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.scale(side / 32.0, side / 32.0); // drawn on a 32-unit grid
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(tint);
-    painter.drawRoundedRect(QRectF(0.5, 0.5, 31, 31), 7, 7);
-
-    painter.setBrush(Qt::white);
-    // Two note heads, tilted, their stems rising on the right, and the beam.
-    for (const QPointF head : {QPointF(11, 23), QPointF(22, 20.5)}) {
-        painter.save();
-        painter.translate(head);
-        painter.rotate(-20);
-        painter.drawEllipse(QRectF(-4, -2.8, 8, 5.6));
-        painter.restore();
-    }
-    painter.drawRect(QRectF(13.6, 9.5, 1.8, 13));
-    painter.drawRect(QRectF(24.6, 7, 1.8, 13));
-    QPainterPath beam;
-    beam.moveTo(13.6, 9.5);
-    beam.lineTo(26.4, 7);
-    beam.lineTo(26.4, 10.5);
-    beam.lineTo(13.6, 13);
-    beam.closeSubpath();
-    painter.drawPath(beam);
-    return image;
-}
 
 } // namespace zelvor

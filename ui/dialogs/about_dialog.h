@@ -3,7 +3,6 @@
 // (result 1). Nothing else happens in it.
 
 #include <QDialog>
-#include <QImage>
 
 #include "ui/dialogs/skinned_dialog.h"
 
@@ -15,9 +14,5 @@ public:
     explicit CAboutDialog(QWidget* parent);
     int DoModal(); // 1 when closed with OK or Enter, 2 with Escape
 };
-
-// The program's icon, side x side pixels: a beamed pair of notes, white on
-// a rounded tile of `tint`, on a transparent ground.
-QImage ProgramIcon(int side, const QColor& tint);
 
 } // namespace zelvor

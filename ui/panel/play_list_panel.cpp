@@ -11,6 +11,7 @@
 #include "ui/dialogs/message_dialog.h"
 #include "ui/dialogs/skinned_dialog.h"
 #include "ui/drawing/blit.h"
+#include "ui/drawing/program_icon.h"
 #include "ui/lists/bitmap_button.h"
 #include "ui/lists/track_list_ctrl.h"
 #include "ui/panel/panel_owner.h"
@@ -123,7 +124,7 @@ void CPlayListPanel::DeleteSelected() {
 
 void CPlayListPanel::RedoLayout() {
     m_background = LoadSkinBitmap(SkinResourceHandle(), kBmpPanelBackground);
-    m_icon = ProgramIcon(kImageButtonSize.width - 5, DialogColoursFromSkin().tintDeep);
+    m_icon = PaintProgramIcon(kImageButtonSize.width - 5, DialogColoursFromSkin().tintDeep);
     for (CBitmapButton* button : m_buttons)
         button->ReloadBitmaps();
     PlaceChildren();
