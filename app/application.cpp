@@ -1,7 +1,7 @@
 #include "app/application.h"
 
-#include "app/application_values.h"
-#include "app/settings.h"
+#include "config/application_values.h"
+#include "config/settings.h"
 
 namespace zelvor {
 

@@ -40,19 +40,19 @@
 #include <unistd.h>
 
 #include "app/application.h"
-#include "app/application_values.h"
-#include "app/window_messages.h"
+#include "config/application_values.h"
+#include "res/window_messages.h"
 #include "desktop/desktop_session.h"
 #include "desktop/mpris_service.h"
 #include "platform/device.h"
-#include "platform/host/gst_media_graph.h"
+#include "host/gst_media_graph.h"
 #include "platform/text.h"
 #include "tags/build_track_record.h"
-#include "tools/common/program_cli.h"
-#include "ui/browser/browser_screen.h"
-#include "ui/main_frame/demo_tour.h"
-#include "ui/main_frame/host_application.h"
-#include "ui/player_screen/player_screen.h"
+#include "app/program_cli.h"
+#include "ui/widgets/browser/browser_screen.h"
+#include "ui/widgets/main_frame/demo_tour.h"
+#include "app/host_application.h"
+#include "ui/widgets/player_screen/player_screen.h"
 
 namespace {
 

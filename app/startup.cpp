@@ -1,7 +1,7 @@
 #include "app/startup.h"
 
-#include "app/settings.h"
-#include "app/window_messages.h"
+#include "config/settings.h"
+#include "res/window_messages.h"
 #include "platform/device.h"
 #include "platform/text.h"
 
@@ -41,10 +41,6 @@ bool ApplyInstanceRules(InstanceEnvironment& env, std::u16string_view commandLin
         return false;
     env.RaiseRunningInstance(width, height);
     return false;
-}
-
-std::uint8_t PortraitFlag(int screenWidth, int screenHeight) {
-    return screenHeight > screenWidth ? 1 : 0;
 }
 
 void CreateProgramFolders() {

@@ -40,9 +40,6 @@ constexpr std::u16string_view kNavigonCommandLine = u"navigon";
 // false when a running instance makes it end (that instance raised or not).
 bool ApplyInstanceRules(InstanceEnvironment& env, std::u16string_view commandLine);
 
-// The portrait flag: 1 when the screen is taller than wide.
-std::uint8_t PortraitFlag(int screenWidth, int screenHeight);
-
 // Creates "My Music" and "My Playlists" in the program directory when
 // missing; failures are not checked, as on the device.
 void CreateProgramFolders();

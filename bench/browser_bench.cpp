@@ -6,7 +6,7 @@
 //   cmake --preset release && cmake --build --preset release --target zelvor_bench_browser -j2
 //   build/release/bin/zelvor_bench_browser
 
-#include "library/browse_groups.h"
+#include "ui/rules/browser/browse_groups.h"
 #include "library/track_list.h"
 
 #include <algorithm>

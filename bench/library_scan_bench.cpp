@@ -32,7 +32,7 @@
 #include <taglib/tag.h>
 
 #include "bench/tags_bench_corpus.h"
-#include "app/settings.h"
+#include "config/settings.h"
 #include "library/library_updater.h"
 #include "platform/device.h"
 #include "tags/audio_file_type.h"
@@ -184,7 +184,7 @@ void SearchPhase(benchmark::State& state) {
         LibraryUpdater updater([](std::u16string_view, int) { return nullptr; });
         updater.SetStorageFolders(u"\\Storage Card", u"\\Flash Disk");
         updater.ScanFolderTree();
-        state.counters["files"] = updater.FoundFiles().Count();
+        state.counters["files"] = static_cast<double>(updater.FoundFiles().size());
     }
 }
 
@@ -208,7 +208,7 @@ void WholeUpdate(benchmark::State& state) {
         adder.SetStorageFolders(u"\\Storage Card", u"\\Flash Disk");
         adder.ScanFolderTree();
         adder.AddFoundFilesToLibrary();
-        adder.FoundFiles().RemoveAll(); // only the finished library counts
+        adder.FoundFiles().clear(); // only the finished library counts
         size_t textBytes = 0;
         for (const auto& r : adder.Results())
             textBytes += r->TextBytes();

@@ -26,7 +26,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "platform/host/gst_media_graph.h"
+#include "host/gst_media_graph.h"
 #include "platform/text.h"
 #include "playback/graph_notify_waiter.h"
 #include "playback/player.h"

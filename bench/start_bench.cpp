@@ -26,7 +26,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "app/settings.h"
+#include "config/settings.h"
 #include "library/library_file.h"
 #include "library/track_list.h"
 #include "platform/device.h"

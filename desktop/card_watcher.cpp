@@ -7,7 +7,7 @@
 #include <system_error>
 #include <unistd.h>
 
-#include "app/window_messages.h"
+#include "res/window_messages.h"
 
 namespace zelvor {
 namespace fs = std::filesystem;

@@ -4,7 +4,7 @@
 #include <QFile>
 #include <QIcon>
 
-#include "app/settings.h"
+#include "config/settings.h"
 #include "desktop/skin_bundle_install.h"
 #include "platform/debug_print.h"
 #include "platform/device.h"

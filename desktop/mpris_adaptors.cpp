@@ -2,7 +2,7 @@
 
 #include "desktop/mpris_service.h"
 #include "desktop/remote_commands.h"
-#include "app/window_messages.h"
+#include "res/window_messages.h"
 
 namespace zelvor {
 

@@ -3,7 +3,7 @@
 #include <system_error>
 
 #include "platform/text.h"
-#include "ui/skin/skin_choice.h"
+#include "ui/rules/skin/skin_choice.h"
 
 namespace zelvor {
 namespace fs = std::filesystem;

@@ -7,7 +7,7 @@
 
 #include "fuzz/fuzz_seeds.h"
 #include "tags/adts/read_aac_file.h"
-#include "tags/memory_file.h"
+#include "bytes/memory_file.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 
 #include "fuzz/fuzz_seeds.h"
 #include "library/library_file.h"
-#include "tags/memory_file.h"
+#include "bytes/memory_file.h"
 
 namespace {
 

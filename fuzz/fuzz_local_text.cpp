@@ -5,9 +5,9 @@
 #include <cstdlib>
 #include <string>
 
-#include "app/local_text.h"
+#include "config/local_text.h"
 #include "fuzz/fuzz_seeds.h"
-#include "library/le_bytes.h"
+#include "bytes/byte_order.h"
 
 namespace {
 
@@ -30,12 +30,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 std::vector<FuzzInput> MakeFuzzSeeds() {
     std::vector<std::byte> file;
-    zelvor::AppendLe16(file, 0xFEFF);
+    zelvor::AppendU16Le(file, 0xFEFF);
     for (char16_t c : std::u16string(u"English\tDeutsch\tFran\u00E7ais\r\n"
                                      u"play\tSpielen\tJouer\r\n"
                                      u"Music Library\tBibliothek\r\n") +
                           std::u16string(300, u'k') + u"\t" + std::u16string(280, u'z') + u"\r\n")
-        zelvor::AppendLe16(file, c);
+        zelvor::AppendU16Le(file, c);
     std::vector<FuzzInput> seeds;
     for (std::uint8_t language : {1, 2, 3, 24, 25}) {
         for (std::uint8_t key = 0; key < std::size(kKeys); ++key) {

@@ -6,7 +6,7 @@
 
 #include "fuzz/fuzz_seeds.h"
 #include "playlists/playlist_file.h"
-#include "tags/memory_file.h"
+#include "bytes/memory_file.h"
 
 namespace {
 

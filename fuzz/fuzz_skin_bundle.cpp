@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "fuzz/fuzz_seeds.h"
-#include "ui/skin/resource_bundle_check.h"
+#include "ui/rules/skin/resource_bundle_check.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include "fuzz/fuzz_seeds.h"
 
 #include "tags/asf/analyse_wma_file.h"
-#include "tags/memory_file.h"
+#include "bytes/memory_file.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace zelvor;

@@ -22,7 +22,7 @@
 #include <string>
 #include <string_view>
 
-#include "library/byte_sink.h"
+#include "bytes/byte_sink.h"
 #include "library/track_list.h"
 #include "platform/device_fs.h"
 

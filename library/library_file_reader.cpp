@@ -1,8 +1,8 @@
 #include <algorithm>
 
-#include "app/settings.h"
-#include "library/file_cursor.h"
-#include "library/le_bytes.h"
+#include "config/settings.h"
+#include "bytes/file_cursor.h"
+#include "bytes/byte_order.h"
 #include "library/library_file.h"
 #include "platform/device.h"
 #include "platform/text.h"
@@ -24,8 +24,8 @@ LibraryHeader ParseHeader(std::span<const std::byte> bytes) {
     LibraryHeader header;
     header.magic = LoadUtf16Z(bytes.first(kMagicBytes));
     header.magicMatches = CompareText(header.magic, kLibraryMagic) == 0;
-    header.recordCount = LoadLe32(bytes.subspan(kCountOffset));
-    header.fieldCount = LoadLe16(bytes.subspan(kFieldCountOffset));
+    header.recordCount = LoadU32Le(bytes.subspan(kCountOffset));
+    header.fieldCount = LoadU16Le(bytes.subspan(kFieldCountOffset));
     return header;
 }
 
@@ -60,9 +60,9 @@ public:
             } else if (kSlotFields[slot] == kFieldDuration) {
                 // A number slot shorter than its number leaves the field 0.
                 if (length >= 4)
-                    duration = LoadLe32(value);
+                    duration = LoadU32Le(value);
             } else if (length >= 2) {
-                trackNumber = LoadLe16(value);
+                trackNumber = LoadU16Le(value);
             }
         }
         if (present[0] && (m_texts[0].empty() || m_texts[0][0] != u'\\'))
@@ -121,7 +121,7 @@ bool ReadTrackList(DeviceFile& file, std::u16string_view relativeBase, TrackList
             break;
         std::uint64_t valueBytes = 0;
         for (std::size_t slot = 0; slot < lengths.size(); ++slot) {
-            lengths[slot] = LoadLe16(lengthView->subspan(slot * 2));
+            lengths[slot] = LoadU16Le(lengthView->subspan(slot * 2));
             valueBytes += lengths[slot];
         }
         // A record cut off by the end of the file is not kept.

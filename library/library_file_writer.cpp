@@ -1,4 +1,4 @@
-#include "library/le_bytes.h"
+#include "bytes/byte_order.h"
 #include "library/library_file.h"
 #include "platform/device.h"
 
@@ -24,9 +24,9 @@ std::vector<std::byte> MakeHeader(std::uint32_t recordCount) {
     std::vector<std::byte> header;
     header.reserve(kLibraryHeaderBytes);
     AppendUtf16Z(header, kLibraryMagic);
-    AppendLe16(header, 0);
-    AppendLe32(header, recordCount);
-    AppendLe16(header, kLibraryFieldCount);
+    AppendU16Le(header, 0);
+    AppendU32Le(header, recordCount);
+    AppendU16Le(header, kLibraryFieldCount);
     header.resize(kLibraryHeaderBytes, std::byte{0});
     return header;
 }
@@ -58,13 +58,13 @@ bool WriteTrackList(const TrackList& list, ByteSink& sink) {
         MeasureRecord(*record, lengths);
         buffer.clear();
         for (std::uint16_t length : lengths)
-            AppendLe16(buffer, length);
+            AppendU16Le(buffer, length);
         for (int slot = 0; slot < kStringSlots; ++slot) {
             if (lengths[static_cast<size_t>(slot)] != 0)
                 AppendUtf16Z(buffer, StoredText(record->Text(kStringFields[slot])));
         }
-        AppendLe32(buffer, record->Duration());
-        AppendLe16(buffer, record->TrackNumber());
+        AppendU32Le(buffer, record->Duration());
+        AppendU16Le(buffer, record->TrackNumber());
         // A refused record is left out, and the loop goes on with the next.
         if (sink.Append(buffer))
             ++written;

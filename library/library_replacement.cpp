@@ -1,6 +1,6 @@
 #include "library/library_replacement.h"
 
-#include "app/settings.h"
+#include "config/settings.h"
 #include "library/library_file.h"
 
 namespace zelvor {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <new>
 
-#include "app/local_text.h"
-#include "app/settings.h"
+#include "config/local_text.h"
+#include "config/settings.h"
 #include "platform/device.h"
 #include "platform/text.h"
 #include "res/string_table.h"
@@ -153,9 +153,8 @@ int LibraryUpdater::AddFoundFile(std::u16string_view path, const FindData& findD
         ++m_stats.skipped;
         return 0;
     }
-    auto entry = std::make_unique<PlaylistEntry>(path);
-    entry->SetTypeCode(typeCode);
-    return m_found.Insert(std::move(entry)) == 1 ? 1 : 0;
+    m_found.push_back({std::u16string(path), typeCode});
+    return 1;
 }
 
 int LibraryUpdater::ScanFolderTree() {
@@ -170,7 +169,7 @@ int LibraryUpdater::ScanFolderTree() {
     if (m_view)
         m_view->SetRange(0, std::max(deepest, 1), false);
     ShowPosition(0);
-    m_found.RemoveAll();
+    m_found.clear();
     m_stats = {};
     if (completed && !m_stopped)
         SweepFiles(levels, deepest);
@@ -291,7 +290,7 @@ void LibraryUpdater::SweepFiles(std::array<Level, kMaxScanLevels>& levels, int d
 int LibraryUpdater::AddFoundFilesToLibrary() {
     if (m_view)
         m_view->SetCountLine(u"");
-    const int count = m_found.Count();
+    const int count = static_cast<int>(m_found.size());
     if (count == 0)
         return 1;
     if (m_view) {
@@ -300,8 +299,8 @@ int LibraryUpdater::AddFoundFilesToLibrary() {
     }
     ShowPosition(0);
     for (int i = 0; i < count && !m_stopped; ++i) {
-        const PlaylistEntry* found = m_found.At(i);
-        auto record = m_builder(found->Text(1), found->TypeCode());
+        const FoundFile& found = m_found[static_cast<std::size_t>(i)];
+        auto record = m_builder(found.path, found.typeCode);
         ShowPosition(i + 1);
         if (!record) {
             ++m_stats.failed;
@@ -369,7 +368,7 @@ int UpdateLibrarySilently(LibraryUpdater& updater, int mode, std::u16string_view
     // in its place would bring the other storage's tracks in a second time.
     std::u16string probe(rootPath);
     if (mode != 1 && !PathExists(probe)) {
-        updater.FoundFiles().RemoveAll();
+        updater.FoundFiles().clear();
         return 1;
     }
     if (mode == 1)

@@ -36,9 +36,15 @@
 #include "library/track_list.h"
 #include "library/update_view.h"
 #include "platform/device_fs.h"
-#include "playlists/playlist_entry_list.h"
 
 namespace zelvor {
+
+// A file the search phase found: its device path and the reader that reads
+// it (AudioFileType's number). The add phase turns each into a record.
+struct FoundFile {
+    std::u16string path;
+    int typeCode = 0;
+};
 
 // Reads one file with the reader for its type; null when the reader fails.
 using RecordBuilder =
@@ -95,7 +101,7 @@ public:
     UpdateView* View() const { return m_view; }
     std::int16_t Language() const { return m_language; }
 
-    PlaylistEntryList& FoundFiles() { return m_found; }
+    std::vector<FoundFile>& FoundFiles() { return m_found; }
     TrackList& Results() { return m_results; }
     const UpdateStats& Stats() const { return m_stats; }
 
@@ -128,7 +134,7 @@ private:
     std::atomic<bool> m_stopped{false};
     int m_phase = 0;
     std::optional<Listing> m_rootListing; // during a scan
-    PlaylistEntryList m_found;
+    std::vector<FoundFile> m_found;
     TrackList m_results;
     UpdateStats m_stats;
 };

@@ -11,251 +11,20 @@
 #include <unistd.h>
 
 #include "platform/durable_file.h"
-#include "platform/host_attributes.h"
+#include "platform/folder_listing.h"
+#include "platform/posix_file.h"
+#include "platform/stored_attributes.h"
 #include "platform/text.h"
 
 namespace zelvor {
 namespace fs = std::filesystem;
 namespace {
 
-bool IsSeparator(char16_t c) {
-    return c == u'\\' || c == u'/';
-}
-
-std::vector<std::u16string_view> SplitComponents(std::u16string_view path) {
-    std::vector<std::u16string_view> parts;
-    size_t i = 0;
-    while (i < path.size()) {
-        while (i < path.size() && IsSeparator(path[i]))
-            ++i;
-        size_t start = i;
-        while (i < path.size() && !IsSeparator(path[i]))
-            ++i;
-        if (i > start)
-            parts.push_back(path.substr(start, i - start));
-    }
-    return parts;
-}
-
-// 100-ns units since 1601-01-01, the device's file time.
-std::uint64_t ToFileTime(const struct timespec& ts) {
-    constexpr std::int64_t kSecondsFrom1601To1970 = 11644473600LL;
-    std::int64_t seconds = ts.tv_sec + kSecondsFrom1601To1970;
-    if (seconds < 0)
-        return 0;
-    return static_cast<std::uint64_t>(seconds) * 10000000ULL +
-           static_cast<std::uint64_t>(ts.tv_nsec) / 100;
-}
-
-// The attributes of the entry `entry` of the folder open as dirFd (`folder`
-// is its path); AT_FDCWD with a full path in `entry` also does.
-std::uint32_t AttributesOf(int dirFd, const char* entry, const fs::path& folder,
-                           const struct stat& st, bool mayBeFat = true) {
-    bool isDir = S_ISDIR(st.st_mode);
-    std::uint32_t attrs =
-        ReadStoredAttributesAt(dirFd, entry, folder, mayBeFat).value_or(isDir ? 0 : kAttrArchive);
-    if ((st.st_mode & S_IWUSR) == 0)
-        attrs |= kAttrReadOnly;
-    if (isDir)
-        attrs |= kAttrDirectory;
-    return attrs;
-}
-
-void FillTimes(const struct stat& st, FindData& out) {
-    out.creationTime = ToFileTime(st.st_ctim);
-    out.lastAccessTime = ToFileTime(st.st_atim);
-    out.lastWriteTime = ToFileTime(st.st_mtim);
-    out.size = S_ISDIR(st.st_mode) ? 0 : static_cast<std::uint64_t>(st.st_size);
-}
-
-// One entry of an open folder. Everything goes relative to the folder's
-// descriptor: a listing must not walk the whole path again for every entry.
-bool FillFindDataAt(int dirFd, const char* entry, const fs::path& folder, bool mayBeFat,
-                    std::u16string name, FindData& out) {
-    struct stat st {};
-    if (::fstatat(dirFd, entry, &st, AT_SYMLINK_NOFOLLOW) != 0)
-        return false;
-    bool isLink = S_ISLNK(st.st_mode);
-    if (isLink && ::fstatat(dirFd, entry, &st, 0) != 0)
-        return false; // a dangling link
-    out.attributes = AttributesOf(dirFd, entry, folder, st, mayBeFat) | (isLink ? kAttrReparsePoint : 0);
-    FillTimes(st, out);
-    out.name = std::move(name);
-    return true;
-}
-
-bool FillFindData(const fs::path& host, std::u16string name, FindData& out) {
-    return FillFindDataAt(AT_FDCWD, host.c_str(), {}, true, std::move(name), out);
-}
-
-// The lighter details from the entry's type as the folder listing gives it;
-// a file system that gives no type falls back to a full stat.
-bool FillLightFindData(int dirFd, const dirent& entry, const fs::path& folder, bool mayBeFat,
-                       FindDetail detail, std::u16string name, FindData& out) {
-    if (entry.d_type == DT_UNKNOWN || entry.d_type == DT_LNK)
-        return FillFindDataAt(dirFd, entry.d_name, folder, mayBeFat, std::move(name), out);
-    out = FindData{};
-    const bool isDir = entry.d_type == DT_DIR;
-    if (detail == FindDetail::Attributes)
-        out.attributes = ReadStoredAttributesAt(dirFd, entry.d_name, folder, mayBeFat)
-                             .value_or(isDir ? 0 : kAttrArchive);
-    if (isDir)
-        out.attributes |= kAttrDirectory;
-    out.name = std::move(name);
-    return true;
-}
-
-// The entry of `folder` whose name equals `name` ignoring case, preferring an
-// exact match. Empty when there is none. Clears noLink when the entry is, or
-// may be, a symbolic link.
-std::string FindEntryIgnoringCase(const fs::path& folder, std::u16string_view name, bool& noLink) {
-    std::string exact = ToUtf8(name);
-    struct stat st {};
-    if (::lstat((folder / exact).c_str(), &st) == 0) {
-        if (S_ISLNK(st.st_mode))
-            noLink = false;
-        return exact;
-    }
-    DIR* dir = ::opendir(folder.c_str());
-    if (dir == nullptr)
-        return {};
-    std::string found;
-    while (dirent* entry = ::readdir(dir)) {
-        std::u16string candidate = FromUtf8(entry->d_name);
-        if (EqualsIgnoreCase(candidate, name)) {
-            found = entry->d_name;
-            if (entry->d_type != DT_DIR && entry->d_type != DT_REG)
-                noLink = false;
-            break;
-        }
-    }
-    ::closedir(dir);
-    return found;
-}
-
+// Whether a host path lies inside base, compared component by component.
 bool IsWithin(const fs::path& path, const fs::path& base) {
     auto [b, p] = std::mismatch(base.begin(), base.end(), path.begin(), path.end());
     return b == base.end();
 }
-
-// Yields a folder's entries as they are asked for, so a caller that stops
-// early (an emptiness test) pays for one entry, not the whole folder. Bound
-// folders that appear in this folder come last, in place of any host entry
-// of the same name.
-class HostFindHandle final : public FindHandle {
-public:
-    HostFindHandle(DIR* dir, fs::path folder, std::u16string pattern, std::vector<FindData> bound,
-                   std::vector<std::u16string> boundNames, FindDetail detail)
-        : m_dir(dir), m_folder(std::move(folder)), m_pattern(std::move(pattern)),
-          m_bound(std::move(bound)), m_boundNames(std::move(boundNames)), m_detail(detail),
-          m_mayBeFat(dir && IsFatFolder(::dirfd(dir))) {}
-    ~HostFindHandle() override {
-        if (m_dir)
-            ::closedir(m_dir);
-    }
-    HostFindHandle(const HostFindHandle&) = delete;
-    HostFindHandle& operator=(const HostFindHandle&) = delete;
-
-    bool Next(FindData& out) override {
-        while (m_dir) {
-            dirent* entry = ::readdir(m_dir);
-            if (!entry) {
-                ::closedir(m_dir);
-                m_dir = nullptr;
-                break;
-            }
-            std::string_view raw = entry->d_name;
-            if (raw == "." || raw == "..")
-                continue;
-            std::u16string name = FromUtf8(raw);
-            if (!MatchesWildcard(name, m_pattern) || IsBound(name))
-                continue;
-            bool filled = m_detail == FindDetail::Full
-                              ? FillFindDataAt(::dirfd(m_dir), entry->d_name, m_folder,
-                                               m_mayBeFat, std::move(name), out)
-                              : FillLightFindData(::dirfd(m_dir), *entry, m_folder,
-                                                  m_mayBeFat, m_detail, std::move(name), out);
-            if (filled)
-                return true;
-        }
-        if (m_nextBound >= m_bound.size())
-            return false;
-        out = std::move(m_bound[m_nextBound++]);
-        return true;
-    }
-
-private:
-    // A binding hides the host entry of its name even while its own host
-    // folder is missing: a card that is not inserted is not there.
-    bool IsBound(std::u16string_view name) const {
-        for (const std::u16string& b : m_boundNames) {
-            if (EqualsIgnoreCase(b, name))
-                return true;
-        }
-        return false;
-    }
-
-    DIR* m_dir;
-    fs::path m_folder;
-    std::u16string m_pattern;
-    std::vector<FindData> m_bound;
-    std::vector<std::u16string> m_boundNames;
-    size_t m_nextBound = 0;
-    FindDetail m_detail;
-    bool m_mayBeFat;
-};
-
-class PosixFile final : public DeviceFile {
-public:
-    // sizeAtOpen: the size the open's own check saw, for a file opened only
-    // for reading; it is answered without asking the disk again (a tag
-    // reader asks once per file, and the call was a tenth of its time).
-    explicit PosixFile(int fd, std::optional<std::uint64_t> sizeAtOpen = std::nullopt)
-        : m_fd(fd), m_sizeAtOpen(sizeAtOpen) {}
-    ~PosixFile() override { ::close(m_fd); }
-    PosixFile(const PosixFile&) = delete;
-    PosixFile& operator=(const PosixFile&) = delete;
-
-    std::uint64_t Size() const override {
-        if (m_sizeAtOpen)
-            return *m_sizeAtOpen;
-        struct stat st {};
-        return ::fstat(m_fd, &st) == 0 ? static_cast<std::uint64_t>(st.st_size) : 0;
-    }
-    std::size_t ReadAt(std::uint64_t offset, std::span<std::byte> out) override {
-        std::size_t done = 0;
-        while (done < out.size()) {
-            ssize_t n = ::pread(m_fd, out.data() + done, out.size() - done,
-                                static_cast<off_t>(offset + done));
-            if (n < 0 && errno == EINTR)
-                continue;
-            if (n <= 0)
-                break;
-            done += static_cast<std::size_t>(n);
-        }
-        return done;
-    }
-    bool WriteAt(std::uint64_t offset, std::span<const std::byte> data) override {
-        std::size_t done = 0;
-        while (done < data.size()) {
-            ssize_t n = ::pwrite(m_fd, data.data() + done, data.size() - done,
-                                 static_cast<off_t>(offset + done));
-            if (n < 0 && errno == EINTR)
-                continue;
-            if (n <= 0)
-                return false;
-            done += static_cast<std::size_t>(n);
-        }
-        return true;
-    }
-    bool Truncate(std::uint64_t size) override {
-        return ::ftruncate(m_fd, static_cast<off_t>(size)) == 0;
-    }
-
-private:
-    int m_fd;
-    std::optional<std::uint64_t> m_sizeAtOpen;
-};
 
 } // namespace
 
@@ -291,7 +60,7 @@ void DeviceFileSystem::Unbind(std::u16string_view devicePrefix) {
 
 std::u16string DeviceFileSystem::NormalizePath(std::u16string_view devicePath) {
     std::vector<std::u16string_view> kept;
-    for (std::u16string_view part : SplitComponents(devicePath)) {
+    for (std::u16string_view part : SplitDeviceComponents(devicePath)) {
         if (part == u".")
             continue;
         if (part == u"..") {
@@ -340,7 +109,7 @@ std::optional<DeviceFileSystem::Resolved> DeviceFileSystem::Resolve(
     fs::path host = base;
     bool noLink = located.baseIsReal;
     bool exists = true;
-    for (std::u16string_view part : SplitComponents(located.rest)) {
+    for (std::u16string_view part : SplitDeviceComponents(located.rest)) {
         std::string name = exists ? FindEntryIgnoringCase(host, part, noLink) : std::string();
         if (name.empty()) {
             exists = false;
@@ -414,14 +183,13 @@ std::unique_ptr<FindHandle> DeviceFileSystem::FindFirst(std::u16string_view patt
         if (MatchesWildcard(name, namePattern) && FillFindData(b.host, name, data))
             bound.push_back(std::move(data));
     }
-    DIR* dir = opened->fd >= 0 ? ::fdopendir(opened->fd) : nullptr;
+    FolderStream dir(opened->fd >= 0 ? ::fdopendir(opened->fd) : nullptr);
     if (!dir && opened->fd >= 0)
         ::close(opened->fd);
     if (!dir && bound.empty())
         return nullptr;
-    auto handle = std::make_unique<HostFindHandle>(dir, std::move(opened->host),
-                                                   std::u16string(namePattern), std::move(bound),
-                                                   std::move(boundNames), detail);
+    auto handle = ListFolder(std::move(dir), std::move(opened->host), std::u16string(namePattern),
+                             std::move(bound), std::move(boundNames), detail);
     if (!handle->Next(first))
         return nullptr;
     return handle;
@@ -574,54 +342,5 @@ bool DeviceFileSystem::ReplaceFile(std::u16string_view path, std::span<const std
     return true;
 }
 
-std::u16string_view DeviceFolderOf(std::u16string_view path) {
-    size_t slash = path.find_last_of(u"\\/");
-    return slash == std::u16string_view::npos ? std::u16string_view() : path.substr(0, slash);
-}
-
-std::u16string_view DeviceNameOf(std::u16string_view path) {
-    size_t slash = path.find_last_of(u"\\/");
-    return slash == std::u16string_view::npos ? path : path.substr(slash + 1);
-}
-
-std::u16string JoinDevicePath(std::u16string_view folder, std::u16string_view name) {
-    std::u16string out(folder);
-    if (out.empty() || out.back() != u'\\')
-        out += u'\\';
-    size_t skip = 0;
-    while (skip < name.size() && name[skip] == u'\\')
-        ++skip;
-    out += name.substr(skip);
-    return out;
-}
-
-bool MatchesWildcard(std::u16string_view name, std::u16string_view pattern) {
-    if (pattern == u"*.*" || pattern == u"*")
-        return true;
-    // Iterative glob with one backtrack point: linear in practice and never
-    // recursive, whatever the pattern.
-    size_t n = 0, p = 0, starP = std::u16string_view::npos, starN = 0;
-    while (n < name.size()) {
-        if (p < pattern.size() && pattern[p] == u'*') {
-            starP = p++;
-            starN = n;
-        } else if (p < pattern.size() &&
-                   (pattern[p] == u'?' || EqualsIgnoreCase(pattern.substr(p, 1), name.substr(n, 1)))) {
-            ++p;
-            ++n;
-        } else if (starP != std::u16string_view::npos) {
-            p = starP + 1;
-            n = ++starN;
-        } else {
-            return false;
-        }
-    }
-    while (p < pattern.size() && pattern[p] == u'*')
-        ++p;
-    // "name.*" also matches "name" without an extension, as on the device.
-    if (p + 2 == pattern.size() && pattern[p] == u'.' && pattern[p + 1] == u'*')
-        return true;
-    return p == pattern.size();
-}
 
 } // namespace zelvor

@@ -28,6 +28,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/device_path.h"
 #include "platform/kept_folder.h"
 #include "platform/tree_signature.h"
 
@@ -207,16 +208,4 @@ private:
     std::shared_ptr<const KeptFolder> m_rootKept; // null unless m_hostRootIsReal
     std::vector<Binding> m_bindings;
 };
-
-// Splits a device path at its last backslash: the folder (without the
-// separator) and the name. "\a.mp3" gives "" and "a.mp3".
-std::u16string_view DeviceFolderOf(std::u16string_view path);
-std::u16string_view DeviceNameOf(std::u16string_view path);
-// Joins a folder and a name with exactly one backslash.
-std::u16string JoinDevicePath(std::u16string_view folder, std::u16string_view name);
-
-// Matches a name against a pattern with "*" and "?", ignoring case.
-// "*.*" matches every name, with or without a dot.
-bool MatchesWildcard(std::u16string_view name, std::u16string_view pattern);
-
 } // namespace zelvor

@@ -189,6 +189,23 @@ void RegistryStore::SetAside(const fs::path& path) const {
                FromUtf8(aside.filename().string()) + u"; reading it as empty");
 }
 
+namespace {
+
+// The line at i, with the lines it goes on over (each but the last ending in
+// a backslash) joined on; i is left at the last line taken.
+std::u16string JoinContinuedLine(const std::vector<std::u16string>& lines, size_t& i) {
+    std::u16string line = lines[i];
+    while (!line.empty() && line.back() == u'\\' && i + 1 < lines.size()) {
+        line.pop_back();
+        std::u16string_view next = lines[++i];
+        next.remove_prefix(std::min(next.find_first_not_of(u' '), next.size()));
+        line += next;
+    }
+    return line;
+}
+
+} // namespace
+
 bool RegistryStore::ParseHive(RegistryRoot root, std::u16string_view text, Hive& hive) const {
     std::vector<std::u16string> lines = SplitLines(text);
     size_t i = 0;
@@ -199,72 +216,82 @@ bool RegistryStore::ParseHive(RegistryRoot root, std::u16string_view text, Hive&
     const std::u16string rootPrefix = std::u16string(RootName(root));
     Key* current = nullptr;
     for (++i; i < lines.size(); ++i) {
-        std::u16string line = lines[i];
-        // A value may go on over several lines, each ending in a backslash.
-        while (!line.empty() && line.back() == u'\\' && i + 1 < lines.size()) {
-            line.pop_back();
-            std::u16string_view next = lines[++i];
-            next.remove_prefix(std::min(next.find_first_not_of(u' '), next.size()));
-            line += next;
-        }
+        const std::u16string line = JoinContinuedLine(lines, i);
         if (line.empty() || line.front() == u';')
             continue;
         if (line.front() == u'[') {
-            if (line.back() != u']' || line.size() < 2)
+            if (!ParseKeyLine(line, rootPrefix, hive, current))
                 return false;
-            std::u16string_view name = std::u16string_view(line).substr(1, line.size() - 2);
-            if (name.starts_with(u"-")) { // a deletion entry: nothing to keep
-                current = nullptr;
-                continue;
-            }
-            if (!StartsWithIgnoreCase(name, rootPrefix))
-                return false;
-            name.remove_prefix(rootPrefix.size());
-            std::u16string path = TrimKey(name);
-            current = FindKey(hive, path);
-            if (!current) {
-                hive.keys.push_back(Key{path, {}});
-                current = &hive.keys.back();
-            }
-            continue;
-        }
-        if (!current)
-            return false;
-        size_t pos = 0;
-        std::u16string valueName;
-        if (line.front() == u'@') {
-            pos = 1;
-        } else {
-            auto quoted = ParseQuoted(line, pos);
-            if (!quoted)
-                return false;
-            valueName = *quoted;
-        }
-        if (pos >= line.size() || line[pos] != u'=')
-            return false;
-        std::u16string_view data = std::u16string_view(line).substr(pos + 1);
-        Data parsed;
-        if (data.starts_with(u"\"")) {
-            size_t p = 0;
-            auto quoted = ParseQuoted(data, p);
-            if (!quoted || p != data.size())
-                return false;
-            parsed = *quoted;
-        } else if (data.starts_with(u"dword:")) {
-            auto value = ParseHex32(data.substr(6));
-            if (!value)
-                return false;
-            parsed = *value;
-        } else if (data.starts_with(u"hex") || data == u"-") {
-            parsed = RawValue{std::u16string(data)};
-        } else {
+        } else if (!current || !ParseValueLine(line, *current)) {
             return false;
         }
-        std::erase_if(current->values,
-                      [&](const Value& v) { return EqualsIgnoreCase(v.name, valueName); });
-        current->values.push_back(Value{valueName, std::move(parsed)});
     }
     return true;
+}
+
+// "[ROOT\\path]" makes path the current key, created when new; "[-...]" is a
+// deletion entry, after which values belong to no key until the next one.
+bool RegistryStore::ParseKeyLine(std::u16string_view line, std::u16string_view rootPrefix,
+                                 Hive& hive, Key*& current) const {
+    if (line.back() != u']' || line.size() < 2)
+        return false;
+    std::u16string_view name = line.substr(1, line.size() - 2);
+    if (name.starts_with(u"-")) {
+        current = nullptr;
+        return true;
+    }
+    if (!StartsWithIgnoreCase(name, rootPrefix))
+        return false;
+    name.remove_prefix(rootPrefix.size());
+    std::u16string path = TrimKey(name);
+    current = FindKey(hive, path);
+    if (!current) {
+        hive.keys.push_back(Key{path, {}});
+        current = &hive.keys.back();
+    }
+    return true;
+}
+
+// "name"=data or @=data; a later value of the same name replaces an earlier.
+bool RegistryStore::ParseValueLine(std::u16string_view line, Key& key) {
+    size_t pos = 0;
+    std::u16string valueName;
+    if (line.front() == u'@') {
+        pos = 1;
+    } else {
+        auto quoted = ParseQuoted(line, pos);
+        if (!quoted)
+            return false;
+        valueName = *quoted;
+    }
+    if (pos >= line.size() || line[pos] != u'=')
+        return false;
+    std::optional<Data> parsed = ParseValueData(line.substr(pos + 1));
+    if (!parsed)
+        return false;
+    std::erase_if(key.values, [&](const Value& v) { return EqualsIgnoreCase(v.name, valueName); });
+    key.values.push_back(Value{valueName, std::move(*parsed)});
+    return true;
+}
+
+// A string in quotes, dword:XXXXXXXX, or a kind kept as written (hex..., -).
+std::optional<RegistryStore::Data> RegistryStore::ParseValueData(std::u16string_view data) {
+    if (data.starts_with(u"\"")) {
+        size_t p = 0;
+        auto quoted = ParseQuoted(data, p);
+        if (!quoted || p != data.size())
+            return std::nullopt;
+        return Data{*quoted};
+    }
+    if (data.starts_with(u"dword:")) {
+        auto value = ParseHex32(data.substr(6));
+        if (!value)
+            return std::nullopt;
+        return Data{*value};
+    }
+    if (data.starts_with(u"hex") || data == u"-")
+        return Data{RawValue{std::u16string(data)}};
+    return std::nullopt;
 }
 
 std::u16string RegistryStore::Serialize(RegistryRoot root, const Hive& hive) const {

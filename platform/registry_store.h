@@ -95,6 +95,10 @@ private:
                            std::u16string_view name) const;
     void SetValue(RegistryRoot root, std::u16string_view key, std::u16string_view name, Data data);
     bool ParseHive(RegistryRoot root, std::u16string_view text, Hive& hive) const;
+    bool ParseKeyLine(std::u16string_view line, std::u16string_view rootPrefix, Hive& hive,
+                      Key*& current) const;
+    static bool ParseValueLine(std::u16string_view line, Key& key);
+    static std::optional<Data> ParseValueData(std::u16string_view data);
     std::u16string Serialize(RegistryRoot root, const Hive& hive) const;
     void SetAside(const std::filesystem::path& path) const;
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "app/settings.h"
+#include "config/settings.h"
 #include "platform/debug_print.h"
 #include "platform/text.h"
 #include "library/library_file.h"

@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <utility>
 
-#include "app/settings.h"
+#include "config/settings.h"
 #include "platform/debug_print.h"
 #include "platform/device.h"
 #include "playback/media_time.h"

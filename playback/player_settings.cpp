@@ -1,6 +1,6 @@
 #include "playback/player_settings.h"
 
-#include "app/settings.h"
+#include "config/settings.h"
 #include "res/string_table.h"
 
 namespace zelvor {

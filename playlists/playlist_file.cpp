@@ -1,8 +1,8 @@
 #include "playlists/playlist_file.h"
 
-#include "app/settings.h"
-#include "library/file_cursor.h"
-#include "library/le_bytes.h"
+#include "config/settings.h"
+#include "bytes/file_cursor.h"
+#include "bytes/byte_order.h"
 #include "platform/device.h"
 #include "platform/text.h"
 
@@ -16,7 +16,7 @@ PlaylistHeader ParseHeader(std::span<const std::byte> bytes) {
     PlaylistHeader header;
     header.magic = LoadUtf16Z(bytes.first(kMagicBytes));
     header.magicMatches = CompareText(header.magic, kPlaylistMagic) == 0;
-    header.entryCount = static_cast<std::int32_t>(LoadLe32(bytes.subspan(kCountOffset)));
+    header.entryCount = static_cast<std::int32_t>(LoadU32Le(bytes.subspan(kCountOffset)));
     return header;
 }
 
@@ -36,7 +36,7 @@ bool ReadPlaylist(DeviceFile& file, std::u16string_view musicFolder, PlaylistEnt
         auto lengthBytes = cursor.Take(2);
         if (!lengthBytes)
             break;
-        const std::uint16_t length = LoadLe16(*lengthBytes);
+        const std::uint16_t length = LoadU16Le(*lengthBytes);
         // An odd length cannot come from a writer of UTF-16 paths: the file
         // is damaged from here on, so keep what came before and stop.
         if (length % 2 != 0)
@@ -81,7 +81,7 @@ bool WritePlaylist(const PlaylistEntryList& list, ByteSink& sink) {
     const auto count = static_cast<std::int16_t>(list.Count());
     std::vector<std::byte> bytes;
     AppendUtf16Z(bytes, kPlaylistMagic);
-    AppendLe32(bytes, static_cast<std::uint32_t>(std::int32_t{count}));
+    AppendU32Le(bytes, static_cast<std::uint32_t>(std::int32_t{count}));
     bytes.resize(kPlaylistHeaderBytes, std::byte{0});
     if (!sink.Append(bytes))
         return false;
@@ -95,7 +95,7 @@ bool WritePlaylist(const PlaylistEntryList& list, ByteSink& sink) {
         if (path.empty() || path.size() > kMaxWrittenPathChars)
             continue;
         bytes.clear();
-        AppendLe16(bytes, static_cast<std::uint16_t>(length));
+        AppendU16Le(bytes, static_cast<std::uint16_t>(length));
         AppendUtf16Z(bytes, path);
         if (!sink.Append(bytes))
             return false;

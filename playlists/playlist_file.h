@@ -14,7 +14,7 @@
 #include <string>
 #include <string_view>
 
-#include "library/byte_sink.h"
+#include "bytes/byte_sink.h"
 #include "platform/device_fs.h"
 #include "playlists/playlist_entry_list.h"
 

@@ -1,7 +1,7 @@
 #include "playlists/playlist_names.h"
 
-#include "app/local_text.h"
-#include "app/settings.h"
+#include "config/local_text.h"
+#include "config/settings.h"
 #include "platform/device_fs.h"
 #include "platform/text.h"
 #include "res/string_table.h"

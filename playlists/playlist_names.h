@@ -1,7 +1,7 @@
 #pragma once
 // The names of the playlist files: new user playlists, the favourites lists
 // and the current-playlist file. All are device paths or names; the folders
-// come from the current device (app/settings.h).
+// come from the current device (config/settings.h).
 
 #include <string>
 

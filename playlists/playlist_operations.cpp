@@ -1,7 +1,7 @@
 #include "playlists/playlist_operations.h"
 
-#include "app/local_text.h"
-#include "app/settings.h"
+#include "config/local_text.h"
+#include "config/settings.h"
 #include "platform/device.h"
 #include "platform/device_sounds.h"
 #include "platform/text.h"

@@ -4,7 +4,7 @@
 // for an image by number whichever skin is active.
 //
 // Numbers 14xx belong to the landscape player screen, 15xx to the portrait
-// one; the rest are shared. Sizes are in pixels; the layouts in ui/layout/
+// one; the rest are shared. Sizes are in pixels; the layouts in ui/rules/layout/
 // place them. Magenta RGB(255, 0, 255) marks the transparent pixels of the
 // images that are drawn transparently.
 //

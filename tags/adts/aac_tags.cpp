@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/text.h"
-#include "tags/byte_cursor.h"
+#include "bytes/byte_cursor.h"
 #include "tags/genre_names.h"
 #include "tags/tag_text.h"
 
@@ -68,7 +68,7 @@ std::optional<AacId3v2Frames> ParseAacId3v2(std::span<const std::byte> tag) {
     AacId3v2Frames frames;
     if (ByteAt(tag, 5) & kExtendedHeaderFlag) {
         std::span<const std::byte> extendedSize;
-        if (!cursor.Take(4, extendedSize) || !cursor.Skip(BigEndian32(extendedSize)))
+        if (!cursor.Take(4, extendedSize) || !cursor.Skip(LoadU32Be(extendedSize)))
             return frames;
     }
     // Frames of version 2.3: 4-character id, 32-bit size, 2 flag bytes. The
@@ -79,7 +79,7 @@ std::optional<AacId3v2Frames> ParseAacId3v2(std::span<const std::byte> tag) {
         if (ByteAt(header, 0) == 0)
             break; // padding
         std::span<const std::byte> body;
-        if (!cursor.Take(BigEndian32(header.subspan(4, 4)), body))
+        if (!cursor.Take(LoadU32Be(header.subspan(4, 4)), body))
             break;
         std::string_view id(reinterpret_cast<const char*>(header.data()), 4);
         static constexpr std::array<std::string_view, 5> kIds = {"TIT2", "TPE1", "TALB", "TCON",

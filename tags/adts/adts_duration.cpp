@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "tags/adts/adts_header.h"
-#include "tags/byte_cursor.h"
+#include "bytes/byte_cursor.h"
 
 namespace zelvor {
 namespace {

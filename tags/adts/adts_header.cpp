@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "tags/byte_cursor.h"
+#include "bytes/byte_cursor.h"
 
 namespace zelvor {
 

@@ -4,7 +4,7 @@
 
 #include "platform/device.h"
 #include "platform/text.h"
-#include "tags/read_ahead_file.h"
+#include "bytes/read_ahead_file.h"
 
 namespace zelvor {
 namespace {

@@ -6,8 +6,8 @@
 #include "platform/device.h"
 #include "tags/asf/asf_guid.h"
 #include "tags/asf/asf_object.h"
-#include "tags/byte_cursor.h"
-#include "tags/read_ahead_file.h"
+#include "bytes/byte_cursor.h"
+#include "bytes/read_ahead_file.h"
 
 namespace zelvor {
 namespace {

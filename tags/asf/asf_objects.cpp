@@ -8,7 +8,7 @@
 
 #include "tags/asf/analyse_wma_file.h"
 #include "tags/asf/asf_object.h"
-#include "tags/byte_cursor.h"
+#include "bytes/byte_cursor.h"
 #include "tags/tag_text.h"
 
 namespace zelvor {

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "tags/byte_cursor.h"
+#include "bytes/byte_cursor.h"
 #include "tags/id3v2/id3v2_tag.h"
 #include "tags/tag_text.h"
 

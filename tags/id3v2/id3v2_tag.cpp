@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "platform/device.h"
-#include "tags/byte_cursor.h"
+#include "bytes/byte_cursor.h"
 #include "tags/genre_names.h"
 
 namespace zelvor {

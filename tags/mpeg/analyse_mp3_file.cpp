@@ -3,7 +3,7 @@
 #include <array>
 
 #include "platform/device.h"
-#include "tags/read_ahead_file.h"
+#include "bytes/read_ahead_file.h"
 #include "tags/mpeg/frame_sync.h"
 #include "tags/mpeg/mpeg_header.h"
 #include "tags/tag_text.h"

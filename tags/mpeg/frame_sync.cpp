@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "tags/byte_cursor.h"
+#include "bytes/byte_cursor.h"
 #include "tags/mpeg/mpeg_header.h"
 
 namespace zelvor {
@@ -36,7 +36,7 @@ FrameSync FindFrameSync(DeviceFile& file, std::uint64_t skip) {
             if (i + 4 > window.size())
                 break;
         }
-        sync.header = BigEndian32(std::span(window).subspan(i, 4));
+        sync.header = LoadU32Be(std::span(window).subspan(i, 4));
         sync.offset = skip + i;
         if (IsFrameSync(sync.header)) {
             sync.found = true;

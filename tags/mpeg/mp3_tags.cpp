@@ -2,7 +2,7 @@
 // ID3v2 tag.
 
 #include "platform/text.h"
-#include "tags/byte_cursor.h"
+#include "bytes/byte_cursor.h"
 #include "tags/genre_names.h"
 #include "tags/mpeg/analyse_mp3_file.h"
 #include "tags/tag_text.h"

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "app/application.h"
-#include "app/application_values.h"
-#include "app/settings.h"
+#include "config/application_values.h"
+#include "config/settings.h"
 #include "platform/text.h"
 #include "tests/support/test_device.h"
 

@@ -2,8 +2,8 @@
 
 #include <atomic>
 
-#include "app/local_text.h"
-#include "app/settings.h"
+#include "config/local_text.h"
+#include "config/settings.h"
 #include "res/string_table.h"
 #include "tests/support/test_device.h"
 

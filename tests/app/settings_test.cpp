@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "app/settings.h"
+#include "config/settings.h"
 #include "platform/text.h"
 #include "res/string_table.h"
 #include "tests/support/test_device.h"

@@ -3,9 +3,10 @@
 #include <set>
 #include <vector>
 
-#include "app/settings.h"
+#include "config/settings.h"
 #include "app/startup.h"
-#include "app/window_messages.h"
+#include "config/application_values.h"
+#include "res/window_messages.h"
 #include "platform/text.h"
 #include "tests/support/test_device.h"
 

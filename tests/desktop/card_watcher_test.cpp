@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <sys/mount.h>
 
-#include "app/window_messages.h"
+#include "res/window_messages.h"
 #include "tests/desktop/qt_app.h"
 #include "tests/support/test_device.h"
 

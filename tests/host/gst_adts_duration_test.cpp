@@ -4,7 +4,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "platform/host/gst_adts_duration.h"
+#include "host/gst_adts_duration.h"
 #include "tests/host/test_media.h"
 #include "tests/support/test_device.h"
 

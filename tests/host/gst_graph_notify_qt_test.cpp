@@ -4,7 +4,7 @@
 #include <QThread>
 #include <thread>
 
-#include "platform/host/gst_graph_notify_qt.h"
+#include "host/gst_graph_notify_qt.h"
 
 namespace zelvor {
 namespace {

@@ -9,7 +9,7 @@
 #include <fstream>
 #include <random>
 
-#include "platform/host/gst_media_graph.h"
+#include "host/gst_media_graph.h"
 #include "tests/host/test_media.h"
 #include "tests/support/test_device.h"
 

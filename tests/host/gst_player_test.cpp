@@ -8,7 +8,7 @@
 #include <functional>
 #include <optional>
 
-#include "platform/host/gst_media_graph.h"
+#include "host/gst_media_graph.h"
 #include "platform/text.h"
 #include "playback/graph_notify_waiter.h"
 #include "playback/player.h"

@@ -11,7 +11,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "platform/host/endpoint.h"
+#include "host/endpoint.h"
 #include "tests/support/test_device.h"
 
 namespace zelvor {

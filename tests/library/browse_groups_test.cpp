@@ -1,4 +1,4 @@
-#include "library/browse_groups.h"
+#include "ui/rules/browser/browse_groups.h"
 
 #include <gtest/gtest.h>
 

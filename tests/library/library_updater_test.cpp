@@ -5,7 +5,7 @@
 #include <fstream>
 #include <set>
 
-#include "app/settings.h"
+#include "config/settings.h"
 #include "library/library_file.h"
 #include "library/library_replacement.h"
 #include "library/library_updater.h"
@@ -61,7 +61,7 @@ protected:
     std::set<std::u16string> Found() {
         std::set<std::u16string> paths;
         for (const auto& entry : updater.FoundFiles())
-            paths.insert(std::u16string(entry->Text(1)));
+            paths.insert(entry.path);
         return paths;
     }
     std::set<std::u16string> ScanStorage() {
@@ -89,11 +89,11 @@ TEST_F(LibraryScan, FindsMusicByNameInBothStorageFoldersOnly) {
     // Deepest folders are swept first (depth 3 here), the root last; each
     // entry carries its type code.
     for (int i = 0; i < 3; ++i) {
-        auto path = updater.FoundFiles().At(i)->Text(1);
+        const std::u16string& path = updater.FoundFiles()[static_cast<std::size_t>(i)].path;
         EXPECT_EQ(std::count(path.begin(), path.end(), u'\\'), 4) << ToUtf8(path);
     }
-    EXPECT_EQ(updater.FoundFiles().At(-1)->Text(1), u"\\root.mp3");
-    EXPECT_EQ(updater.FoundFiles().At(-1)->TypeCode(), 0);
+    EXPECT_EQ(updater.FoundFiles().back().path, u"\\root.mp3");
+    EXPECT_EQ(updater.FoundFiles().back().typeCode, 0);
 }
 
 TEST_F(LibraryScan, WithNeitherStorageFolderOnlyTheRootsOwnFilesAreFound) {
@@ -277,7 +277,7 @@ TEST_F(InteractiveUpdate, CancelDuringTheSearchAddsNothing) {
     view.cancelAtPump = 2;
     EXPECT_FALSE(RunInteractiveUpdate(updater));
     EXPECT_TRUE(updater.Stopped());
-    EXPECT_EQ(updater.FoundFiles().Count(), 0);
+    EXPECT_EQ(updater.FoundFiles().size(), 0u);
     EXPECT_EQ(updater.Results().Count(), 0);
 }
 
@@ -291,11 +291,11 @@ TEST_F(InteractiveUpdate, CancelDuringTheAddPhaseKeepsTheRecordsSoFar) {
 TEST_F(InteractiveUpdate, ACancelFromOutsideStopsTheSilentFormToo) {
     std::atomic<bool> frameStop{true};
     EXPECT_EQ(UpdateLibrarySilently(updater, 1, u"\\", &frameStop), 1);
-    EXPECT_EQ(updater.FoundFiles().Count(), 6);
+    EXPECT_EQ(updater.FoundFiles().size(), 6u);
     EXPECT_EQ(updater.Results().Count(), 0); // the add phase did not run
     updater.RequestCancel();
     EXPECT_EQ(UpdateLibrarySilently(updater, 1, u"\\"), 1);
-    EXPECT_EQ(updater.FoundFiles().Count(), 0);
+    EXPECT_EQ(updater.FoundFiles().size(), 0u);
 }
 
 class FailingAllocations : public LibraryUpdater {
@@ -321,7 +321,7 @@ TEST(LibraryScanMemory, ANameAreaThatCannotBeHadFindsNothingAndALevelCopyStopsTh
     noCopy.SetStorageFolders(u"\\Storage Card", u"");
     EXPECT_EQ(noCopy.ScanFolderTree(), 1);
     EXPECT_TRUE(noCopy.Stopped());
-    EXPECT_EQ(noCopy.FoundFiles().Count(), 0);
+    EXPECT_EQ(noCopy.FoundFiles().size(), 0u);
 }
 
 TEST_F(LibraryScan, SilentModesRescanOneStorageAndReplaceOnlyItsRecords) {

@@ -15,7 +15,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "app/settings.h"
+#include "config/settings.h"
 #include "library/library_file.h"
 #include "platform/durable_file.h"
 #include "platform/registry_store.h"

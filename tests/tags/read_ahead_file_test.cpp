@@ -1,4 +1,4 @@
-#include "tags/read_ahead_file.h"
+#include "bytes/read_ahead_file.h"
 
 #include <gtest/gtest.h>
 

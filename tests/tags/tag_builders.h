@@ -10,7 +10,7 @@
 #include <string_view>
 
 #include "tags/asf/asf_guid.h"
-#include "tags/memory_file.h"
+#include "bytes/memory_file.h"
 
 namespace zelvor::testing {
 

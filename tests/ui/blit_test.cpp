@@ -1,4 +1,4 @@
-#include "ui/drawing/blit.h"
+#include "ui/widgets/drawing/blit.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
-#include "app/application_values.h"
+#include "config/application_values.h"
 #include "playlists/playlist_file.h"
 #include "playlists/playlist_names.h"
 #include "res/command_ids.h"
 #include "tests/playlists/recording_feedback.h"
 #include "tests/support/test_device.h"
-#include "ui/browser/browser_controller.h"
+#include "ui/rules/browser/browser_controller.h"
 
 #include <gtest/gtest.h>
 

@@ -9,7 +9,7 @@
 #include <QLineEdit>
 #include <set>
 
-#include "app/settings.h"
+#include "config/settings.h"
 #include "playback/playback_engine.h"
 #include "playlists/playlist_file.h"
 #include "playlists/playlist_names.h"
@@ -19,13 +19,13 @@
 #include "tests/ui/lists_sink.h"
 #include "tests/ui/main_frame_fakes.h"
 #include "tests/ui/main_frame_rules_fixture.h"
-#include "ui/browser/browser_screen.h"
-#include "ui/lists/bitmap_button.h"
-#include "ui/lists/playlist_list_ctrl.h"
-#include "ui/main_frame/demo_tour.h"
-#include "ui/main_frame/main_frame.h"
-#include "ui/player_screen/player_screen.h"
-#include "ui/skin/skin_module.h"
+#include "ui/widgets/browser/browser_screen.h"
+#include "ui/widgets/lists/bitmap_button.h"
+#include "ui/widgets/lists/playlist_list_ctrl.h"
+#include "ui/widgets/main_frame/demo_tour.h"
+#include "ui/widgets/main_frame/main_frame.h"
+#include "ui/widgets/player_screen/player_screen.h"
+#include "ui/widgets/skin/skin_module.h"
 
 namespace zelvor {
 namespace {

@@ -7,11 +7,11 @@
 #include <QTimer>
 #include <functional>
 
-#include "app/local_text.h"
+#include "config/local_text.h"
 #include "res/string_table.h"
 #include "tests/ui/main_frame_app.h"
-#include "ui/dialogs/about_dialog.h"
-#include "ui/dialogs/message_dialog.h"
+#include "ui/widgets/dialogs/about_dialog.h"
+#include "ui/widgets/dialogs/message_dialog.h"
 
 namespace zelvor {
 namespace {

@@ -4,13 +4,13 @@
 
 #include <QPainter>
 
-#include "app/local_text.h"
+#include "config/local_text.h"
 #include "platform/text.h"
 #include "res/string_table.h"
 #include "tests/ui/dialogs_update_fixture.h"
-#include "ui/dialogs/about_dialog.h"
-#include "ui/dialogs/message_dialog.h"
-#include "ui/skin/skin_module.h"
+#include "ui/widgets/dialogs/about_dialog.h"
+#include "ui/widgets/dialogs/message_dialog.h"
+#include "ui/widgets/skin/skin_module.h"
 
 namespace zelvor {
 namespace {

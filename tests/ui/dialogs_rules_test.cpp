@@ -1,8 +1,8 @@
 // The update dialog's progress and closing rules, and the dialogs' placement.
 #include <gtest/gtest.h>
 
-#include "library/update_progress.h"
-#include "ui/dialogs/dialog_units.h"
+#include "ui/rules/dialogs/update_progress.h"
+#include "ui/rules/dialogs/dialog_units.h"
 
 namespace zelvor {
 namespace {

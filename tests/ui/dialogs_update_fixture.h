@@ -6,10 +6,10 @@
 #include <QCoreApplication>
 #include <functional>
 
-#include "app/settings.h"
+#include "config/settings.h"
 #include "tests/support/test_device.h"
 #include "tests/ui/main_frame_app.h"
-#include "ui/dialogs/update_lib_dlg.h"
+#include "ui/widgets/dialogs/update_lib_dlg.h"
 
 namespace zelvor::testing {
 

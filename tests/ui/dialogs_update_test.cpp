@@ -5,10 +5,10 @@
 #include <QProgressBar>
 #include <QTimer>
 
-#include "app/local_text.h"
+#include "config/local_text.h"
 #include "res/string_table.h"
 #include "tests/ui/dialogs_update_fixture.h"
-#include "ui/dialogs/dialog_results.h"
+#include "ui/rules/dialogs/dialog_results.h"
 
 namespace zelvor {
 namespace {

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "ui/layout/browser_layout.h"
-#include "ui/layout/player_layout.h"
+#include "ui/rules/layout/browser_layout.h"
+#include "ui/rules/layout/player_layout.h"
 
 namespace zelvor {
 namespace {

@@ -7,10 +7,10 @@
 
 #include "res/bitmap_ids.h"
 #include "tests/ui/lists_sink.h"
-#include "ui/lists/bitmap_button.h"
-#include "ui/lists/playlist_list_ctrl.h"
-#include "ui/lists/track_list_ctrl.h"
-#include "ui/skin/skin_module.h"
+#include "ui/widgets/lists/bitmap_button.h"
+#include "ui/widgets/lists/playlist_list_ctrl.h"
+#include "ui/widgets/lists/track_list_ctrl.h"
+#include "ui/widgets/skin/skin_module.h"
 
 namespace zelvor {
 namespace {

@@ -7,10 +7,10 @@
 #include <QScrollBar>
 #include <QTest>
 
-#include "app/window_messages.h"
+#include "res/window_messages.h"
 #include "tests/ui/lists_sink.h"
-#include "ui/lists/list_notify.h"
-#include "ui/lists/playlist_list_ctrl.h"
+#include "ui/widgets/lists/list_notify.h"
+#include "ui/widgets/lists/playlist_list_ctrl.h"
 
 namespace zelvor {
 namespace {

@@ -2,7 +2,7 @@
 // drag looks at and the scroll steps of a drag outside the list.
 #include <gtest/gtest.h>
 
-#include "ui/lists/list_rules.h"
+#include "ui/rules/lists/list_rules.h"
 
 namespace zelvor {
 namespace {

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "tests/ui/main_frame_app.h"
-#include "ui/main_frame/window_message_event.h"
+#include "ui/widgets/main_frame/window_message_event.h"
 
 namespace zelvor::testing {
 

@@ -5,7 +5,7 @@
 #include <QFontMetrics>
 
 #include "tests/ui/main_frame_app.h"
-#include "ui/drawing/text_fit.h"
+#include "ui/widgets/drawing/text_fit.h"
 
 namespace zelvor {
 namespace {

@@ -6,8 +6,8 @@
 #include <QTest>
 
 #include "tests/ui/lists_sink.h"
-#include "ui/lists/track_list_ctrl.h"
-#include "ui/lists/track_list_model.h"
+#include "ui/widgets/lists/track_list_ctrl.h"
+#include "ui/widgets/lists/track_list_model.h"
 
 namespace zelvor {
 namespace {

@@ -13,9 +13,9 @@
 
 #include "library/track_list.h"
 #include "platform/text.h"
-#include "ui/main_frame/browser_pane.h"
-#include "ui/main_frame/frame_window.h"
-#include "ui/player_pane.h"
+#include "ui/rules/main_frame/browser_pane.h"
+#include "ui/rules/main_frame/frame_window.h"
+#include "ui/rules/main_frame/player_pane.h"
 
 namespace zelvor::testing {
 

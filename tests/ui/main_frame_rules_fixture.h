@@ -9,12 +9,12 @@
 #include <functional>
 #include <utility>
 
-#include "app/application_values.h"
-#include "app/settings.h"
-#include "app/window_messages.h"
+#include "config/application_values.h"
+#include "config/settings.h"
+#include "res/window_messages.h"
 #include "tests/support/test_device.h"
 #include "tests/ui/main_frame_fakes.h"
-#include "ui/main_frame/frame_controller.h"
+#include "ui/rules/main_frame/frame_controller.h"
 
 namespace zelvor::testing {
 

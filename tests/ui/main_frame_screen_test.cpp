@@ -10,9 +10,9 @@
 #include "tests/support/test_device.h"
 #include "tests/ui/main_frame_app.h"
 #include "tests/ui/main_frame_rules_fixture.h"
-#include "ui/main_frame/main_frame.h"
-#include "ui/player_screen/player_screen.h"
-#include "ui/skin/skin_module.h"
+#include "ui/widgets/main_frame/main_frame.h"
+#include "ui/widgets/player_screen/player_screen.h"
+#include "ui/widgets/skin/skin_module.h"
 
 namespace zelvor {
 namespace {

@@ -7,13 +7,13 @@
 
 #include "app/application.h"
 #include "library/library_file.h"
-#include "platform/host/endpoint.h"
+#include "host/endpoint.h"
 #include "playback/player.h"
 #include "tests/playback/fake_media_graph.h"
 #include "tests/playback/recording_player_view.h"
 #include "tests/ui/main_frame_app.h"
 #include "tests/ui/main_frame_rules_fixture.h"
-#include "ui/main_frame/host_application.h"
+#include "app/host_application.h"
 
 namespace zelvor {
 namespace {

@@ -8,10 +8,10 @@
 #include "tests/support/test_device.h"
 #include "tests/ui/main_frame_app.h"
 #include "tests/ui/main_frame_rules_fixture.h"
-#include "ui/layout/player_layout.h"
-#include "ui/main_frame/demo_tour.h"
-#include "ui/main_frame/main_frame.h"
-#include "ui/skin/skin_module.h"
+#include "ui/rules/layout/player_layout.h"
+#include "ui/widgets/main_frame/demo_tour.h"
+#include "ui/widgets/main_frame/main_frame.h"
+#include "ui/widgets/skin/skin_module.h"
 
 namespace zelvor {
 namespace {

@@ -12,11 +12,11 @@
 #include "tests/ui/main_frame_app.h"
 #include "tests/ui/main_frame_rules_fixture.h"
 #include "res/command_ids.h"
-#include "ui/lists/bitmap_button.h"
-#include "ui/lists/track_list_ctrl.h"
-#include "ui/main_frame/main_frame.h"
-#include "ui/panel/play_list_panel.h"
-#include "ui/skin/skin_module.h"
+#include "ui/widgets/lists/bitmap_button.h"
+#include "ui/widgets/lists/track_list_ctrl.h"
+#include "ui/widgets/main_frame/main_frame.h"
+#include "ui/widgets/panel/play_list_panel.h"
+#include "ui/widgets/skin/skin_module.h"
 
 namespace zelvor {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "ui/layout/browser_layout.h"
-#include "ui/panel/panel_rules.h"
+#include "ui/rules/layout/browser_layout.h"
+#include "ui/rules/panel/panel_rules.h"
 
 namespace zelvor {
 namespace {

@@ -10,12 +10,12 @@
 
 #include "platform/text.h"
 #include "res/command_ids.h"
-#include "ui/dialogs/message_dialog.h"
-#include "ui/lists/bitmap_button.h"
-#include "ui/lists/track_list_ctrl.h"
+#include "ui/widgets/dialogs/message_dialog.h"
+#include "ui/widgets/lists/bitmap_button.h"
+#include "ui/widgets/lists/track_list_ctrl.h"
 #include "tests/ui/main_frame_app.h"
-#include "ui/panel/panel_owner.h"
-#include "ui/panel/play_list_panel.h"
+#include "ui/rules/panel/panel_owner.h"
+#include "ui/widgets/panel/play_list_panel.h"
 
 namespace zelvor {
 namespace {

@@ -1,10 +1,10 @@
-#include "ui/drawing/player_elements.h"
+#include "ui/widgets/drawing/player_elements.h"
 
 #include <gtest/gtest.h>
 
 #include "gui_app.h"
-#include "ui/drawing/element_math.h"
-#include "ui/layout/player_layout.h"
+#include "ui/rules/drawing/element_math.h"
+#include "ui/rules/layout/player_layout.h"
 
 namespace zelvor {
 namespace {

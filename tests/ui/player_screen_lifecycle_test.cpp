@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/window_messages.h"
+#include "res/window_messages.h"
 #include "playback/player_settings.h"
 #include "tests/ui/player_screen_rig.h"
 

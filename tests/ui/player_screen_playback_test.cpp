@@ -5,7 +5,7 @@
 #include <chrono>
 #include <gtest/gtest.h>
 
-#include "platform/host/gst_media_graph.h"
+#include "host/gst_media_graph.h"
 #include "platform/text.h"
 #include "tests/host/test_media.h"
 #include "tests/ui/player_screen_rig.h"

@@ -7,7 +7,7 @@
 #include <map>
 #include <string>
 
-#include "platform/host/power_status.h"
+#include "host/power_status.h"
 #include "tests/support/test_device.h"
 
 namespace zelvor {

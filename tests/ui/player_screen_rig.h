@@ -15,7 +15,7 @@
 #include "library/track_list.h"
 #include "tests/playback/fake_media_graph.h"
 #include "tests/support/test_device.h"
-#include "ui/player_screen/player_screen.h"
+#include "ui/widgets/player_screen/player_screen.h"
 
 namespace zelvor::testing {
 

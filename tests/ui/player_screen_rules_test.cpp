@@ -5,10 +5,10 @@
 
 #include "tests/playback/recording_player_view.h"
 #include "tests/ui/player_screen_rig.h"
-#include "ui/player_screen/idle_reset_gate.h"
-#include "ui/player_screen/player_screen_control.h"
-#include "ui/player_screen/screen_geometry.h"
-#include "ui/player_screen/title_scroll.h"
+#include "ui/rules/player_screen/idle_reset_gate.h"
+#include "ui/rules/player_screen/player_screen_control.h"
+#include "ui/rules/player_screen/screen_geometry.h"
+#include "ui/rules/player_screen/title_scroll.h"
 
 namespace zelvor {
 namespace {

@@ -9,7 +9,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 
-#include "platform/host/host_sounds.h"
+#include "host/host_sounds.h"
 #include "tests/host/test_media.h"
 #include "tests/support/test_device.h"
 #include "tests/ui/player_screen_rig.h"

@@ -1,4 +1,4 @@
-#include "ui/skin/resource_bundle_check.h"
+#include "ui/rules/skin/resource_bundle_check.h"
 
 #include <gtest/gtest.h>
 #include <cstdint>

@@ -1,10 +1,10 @@
-#include "ui/layout/skin_catalogue.h"
+#include "ui/rules/layout/skin_catalogue.h"
 
 #include <gtest/gtest.h>
 #include <set>
 
-#include "ui/layout/browser_layout.h"
-#include "ui/layout/player_layout.h"
+#include "ui/rules/layout/browser_layout.h"
+#include "ui/rules/layout/player_layout.h"
 
 namespace zelvor {
 namespace {

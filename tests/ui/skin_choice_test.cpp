@@ -1,4 +1,4 @@
-#include "ui/skin/skin_choice.h"
+#include "ui/rules/skin/skin_choice.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "ui/skin/skin_module.h"
+#include "ui/widgets/skin/skin_module.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -6,8 +6,8 @@
 
 #include "skin_files.h"
 #include "tests/support/test_device.h"
-#include "ui/layout/player_layout.h"
-#include "ui/layout/skin_catalogue.h"
+#include "ui/rules/layout/player_layout.h"
+#include "ui/rules/layout/skin_catalogue.h"
 
 namespace zelvor {
 namespace {

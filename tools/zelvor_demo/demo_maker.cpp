@@ -1,6 +1,6 @@
 #include "tools/zelvor_demo/demo_maker.h"
 
-#include "library/byte_sink.h"
+#include "bytes/byte_sink.h"
 #include "platform/device.h"
 #include "platform/text.h"
 #include "playlists/playlist_file.h"

@@ -4,7 +4,7 @@
 //
 // Exit status: 0 made, 1 failed (one line on standard error), 2 bad usage.
 
-#include "tools/common/program_cli.h"
+#include "app/program_cli.h"
 #include "tools/zelvor_demo/demo_maker.h"
 
 #include <cstdio>

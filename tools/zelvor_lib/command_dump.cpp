@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <filesystem>
 
-#include "app/settings.h"
+#include "config/settings.h"
 #include "library/library_file.h"
 #include "platform/text.h"
 #include "playlists/playlist_file.h"

@@ -3,8 +3,8 @@
 
 #include <cstdio>
 
-#include "app/local_text.h"
-#include "app/settings.h"
+#include "config/local_text.h"
+#include "config/settings.h"
 #include "platform/text.h"
 #include "res/string_table.h"
 #include "tools/zelvor_lib/command_line.h"

@@ -19,7 +19,7 @@
 
 #include <unistd.h>
 
-#include "platform/host/gst_media_graph.h"
+#include "host/gst_media_graph.h"
 #include "platform/text.h"
 #include "playback/graph_notify_waiter.h"
 #include "playback/player.h"
@@ -141,6 +141,49 @@ int Fail(const std::string& message) {
     return 2;
 }
 
+// The files on the command line as records, each on the host binding of a
+// temporary device; nullopt (after saying why) when a file is missing. The
+// tags name a track when they can be read; a file the readers refuse is
+// still played, under its file name.
+std::optional<TrackList> TracksOfArguments(const std::vector<std::string>& args) {
+    TrackList files;
+    for (const std::string& arg : args) {
+        auto path = HostFileOnDevice(arg);
+        if (!path) {
+            Fail("no such file: " + arg);
+            return std::nullopt;
+        }
+        auto record = BuildTrackRecord(*path);
+        if (!record) {
+            record = std::make_unique<TrackRecord>();
+            record->SetField(kFieldPath, *path);
+        }
+        files.AddTrack(std::move(record));
+    }
+    return files;
+}
+
+// Plays the list as the player screen does, printing the player's events,
+// until it stops or the seconds run out; 1 when playing did not start.
+int PlayTracks(const TrackList& files, AudioSinkChoice sink, std::optional<long long> seconds) {
+    GstGraphFactory factory(sink);
+    JsonPlayerView view;
+    GraphNotifyWaiter waiter;
+    Player player(factory, view);
+    view.SetQueue(&player.Queue());
+    player.SetNotifyHook(waiter.Hook());
+
+    auto start = std::chrono::steady_clock::now();
+    player.Queue().ReplaceQueue(files);
+    player.Engine().PlayCommand(true);
+    const int status = player.Engine().State() == kPlayStatePlaying ? 0 : 1;
+    PlayUntilStopped(player, waiter, seconds);
+    std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+    player.Engine().StopAndRelease(false);
+    Print(JsonLine().Add("event", "end").Add("seconds", took.count()));
+    return status;
+}
+
 } // namespace
 
 int RunPlayCommand(const Arguments& args) {
@@ -163,6 +206,8 @@ int RunPlayCommand(const Arguments& args) {
         sink = *parsed;
     }
 
+    // A device of its own in a temporary folder, with the host's files bound
+    // under one prefix, so that any file on the host can be played.
     std::error_code error;
     auto root = std::filesystem::temp_directory_path() /
                 ("zelvor-play-" + std::to_string(::getpid()));
@@ -176,40 +221,11 @@ int RunPlayCommand(const Arguments& args) {
     ScopedCurrentDevice current(*device);
     device->FileSystem().Bind(kHostPrefix, "/");
 
-    TrackList files;
-    for (const std::string& arg : cmd.Positional()) {
-        auto path = HostFileOnDevice(arg);
-        if (!path)
-            return Fail("no such file: " + arg);
-        // The tags name the track when they can be read; a file the readers
-        // refuse is still played, under its file name.
-        auto record = BuildTrackRecord(*path);
-        if (!record) {
-            record = std::make_unique<TrackRecord>();
-            record->SetField(kFieldPath, *path);
-        }
-        files.AddTrack(std::move(record));
-    }
-    SavePlayerSettings({cmd.Has("--random"), static_cast<int>(repeat.value_or(0)), false, 10});
-
-    int status = 0;
-    {
-        GstGraphFactory factory(sink);
-        JsonPlayerView view;
-        GraphNotifyWaiter waiter;
-        Player player(factory, view);
-        view.SetQueue(&player.Queue());
-        player.SetNotifyHook(waiter.Hook());
-
-        auto start = std::chrono::steady_clock::now();
-        player.Queue().ReplaceQueue(files);
-        player.Engine().PlayCommand(true);
-        if (player.Engine().State() != kPlayStatePlaying)
-            status = 1;
-        PlayUntilStopped(player, waiter, seconds);
-        std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
-        player.Engine().StopAndRelease(false);
-        Print(JsonLine().Add("event", "end").Add("seconds", took.count()));
+    std::optional<TrackList> files = TracksOfArguments(cmd.Positional());
+    int status = 2; // a missing file is a usage error, said by TracksOfArguments
+    if (files) {
+        SavePlayerSettings({cmd.Has("--random"), static_cast<int>(repeat.value_or(0)), false, 10});
+        status = PlayTracks(*files, sink, seconds);
     }
     device.reset();
     std::filesystem::remove_all(root, error);

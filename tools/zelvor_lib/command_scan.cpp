@@ -9,13 +9,13 @@
 
 #include <unistd.h>
 
-#include "app/settings.h"
+#include "config/settings.h"
 #include "library/library_file.h"
 #include "library/library_replacement.h"
 #include "library/library_updater.h"
 #include "platform/text.h"
 #include "tags/build_track_record.h"
-#include "tools/common/program_cli.h"
+#include "app/program_cli.h"
 #include "tools/zelvor_lib/command_line.h"
 #include "tools/zelvor_lib/commands.h"
 #include "tools/zelvor_lib/json_line.h"
@@ -77,6 +77,56 @@ std::u16string RootForMode(int mode) {
                                 : (mode == kStorageFlash ? GetFlashDiskRoot() : u"\\");
 }
 
+// Runs the update as the screens do: silently for a storage mode, otherwise
+// interactively, with the terminal's display when standard error is one.
+// Ctrl-C cancels through the updater's flags. The seconds it took.
+double RunTimedUpdate(LibraryUpdater& updater, std::optional<long long> mode) {
+    g_running = &updater;
+    auto previous = std::signal(SIGINT, CancelOnInterrupt);
+    const auto start = std::chrono::steady_clock::now();
+    if (mode) {
+        UpdateLibrarySilently(updater, static_cast<int>(*mode), RootForMode(static_cast<int>(*mode)));
+    } else {
+        std::unique_ptr<TerminalUpdateView> view;
+        if (::isatty(STDERR_FILENO))
+            view = std::make_unique<TerminalUpdateView>();
+        updater.SetView(view.get());
+        updater.SetRoot(u"\\");
+        updater.SetStorageFolders(GetStorageCardRoot(), GetFlashDiskRoot());
+        RunInteractiveUpdate(updater);
+        updater.SetView(nullptr);
+    }
+    const double seconds =
+        std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    std::signal(SIGINT, previous);
+    g_running = nullptr;
+    return seconds;
+}
+
+// Replaces the library as the caller of each form does: the interactive one
+// whatever the run's end (a cancelled one included), the silent one only its
+// storage's part. True when the library was saved.
+bool WriteScanResults(TrackList& results, std::optional<long long> mode) {
+    TrackList library;
+    if (!mode)
+        return ReplaceLibraryAfterUpdate(library, results) == 1;
+    LoadTrackList(GetLibraryPath(), library);
+    return ReplaceStorageAfterSilentUpdate(library, results, static_cast<int>(*mode)) == 1;
+}
+
+void PrintScanFigures(const UpdateStats& stats, double seconds, bool cancelled) {
+    std::printf("%s\n", JsonLine()
+                            .Add("found", stats.found)
+                            .Add("added", stats.added)
+                            .Add("skipped", stats.skipped)
+                            .Add("failed", stats.failed)
+                            .Add("levels", stats.levels)
+                            .Add("seconds", seconds)
+                            .Add("cancelled", cancelled)
+                            .Str()
+                            .c_str());
+}
+
 } // namespace
 
 int RunScanCommand(const Arguments& args) {
@@ -99,58 +149,16 @@ int RunScanCommand(const Arguments& args) {
 
     LibraryUpdater updater(BuildRecord);
     updater.SetLanguage(ReadLanguage());
-    g_running = &updater;
-    auto previous = std::signal(SIGINT, CancelOnInterrupt);
-    const auto start = std::chrono::steady_clock::now();
-    if (mode) {
-        UpdateLibrarySilently(updater, static_cast<int>(*mode), RootForMode(static_cast<int>(*mode)));
-    } else {
-        std::unique_ptr<TerminalUpdateView> view;
-        if (::isatty(STDERR_FILENO))
-            view = std::make_unique<TerminalUpdateView>();
-        updater.SetView(view.get());
-        updater.SetRoot(u"\\");
-        updater.SetStorageFolders(GetStorageCardRoot(), GetFlashDiskRoot());
-        RunInteractiveUpdate(updater);
-        updater.SetView(nullptr);
-    }
-    const double seconds =
-        std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    std::signal(SIGINT, previous);
-    g_running = nullptr;
-    const UpdateStats stats = updater.Stats();
-
+    const double seconds = RunTimedUpdate(updater, mode);
     if (cmd.Has("--list")) {
         LibraryHeader header{std::u16string(kLibraryMagic), true,
                              static_cast<std::uint32_t>(updater.Results().Count()), kLibraryFieldCount};
         PrintTrackList(header, true, updater.Results());
     }
-    bool writeFailed = false;
-    if (cmd.Has("--write")) {
-        // The interactive caller replaces the library whatever the run's end,
-        // a cancelled one included; the silent caller its storage's part.
-        TrackList library;
-        int saved = 0;
-        if (mode) {
-            LoadTrackList(GetLibraryPath(), library);
-            saved = ReplaceStorageAfterSilentUpdate(library, updater.Results(), static_cast<int>(*mode));
-        } else {
-            saved = ReplaceLibraryAfterUpdate(library, updater.Results());
-        }
-        writeFailed = saved != 1;
-    }
-    std::printf("%s\n", JsonLine()
-                            .Add("found", stats.found)
-                            .Add("added", stats.added)
-                            .Add("skipped", stats.skipped)
-                            .Add("failed", stats.failed)
-                            .Add("levels", stats.levels)
-                            .Add("seconds", seconds)
-                            .Add("cancelled", updater.Stopped())
-                            .Str()
-                            .c_str());
+    const bool writeFailed = cmd.Has("--write") && !WriteScanResults(updater.Results(), mode);
     // The figures are printed either way; a library that could not be saved
     // fails the command, whatever the scan found.
+    PrintScanFigures(updater.Stats(), seconds, updater.Stopped());
     if (writeFailed)
         return Failure("zelvor-lib scan", "the library could not be saved");
     return kExitSuccess;

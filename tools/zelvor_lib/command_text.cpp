@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "app/local_text.h"
+#include "config/local_text.h"
 #include "platform/text.h"
 #include "tools/zelvor_lib/command_line.h"
 #include "tools/zelvor_lib/commands.h"

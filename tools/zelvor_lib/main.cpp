@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "tools/common/program_cli.h"
+#include "app/program_cli.h"
 #include "tools/zelvor_lib/commands.h"
 
 namespace {

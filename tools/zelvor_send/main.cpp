@@ -15,9 +15,9 @@
 #include <QCoreApplication>
 
 #include "platform/device.h"
-#include "platform/host/endpoint.h"
+#include "host/endpoint.h"
 #include "platform/text.h"
-#include "tools/common/program_cli.h"
+#include "app/program_cli.h"
 #include "tools/zelvor_send/message_argument.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <charconv>
 #include <string>
 
-#include "app/window_messages.h"
+#include "res/window_messages.h"
 
 namespace zelvor {
 namespace {

@@ -4,7 +4,7 @@
 #include <QFile>
 
 #include "palette.h"
-#include "ui/drawing/program_icon.h"
+#include "ui/widgets/drawing/program_icon.h"
 
 namespace zelvor::skin {
 

@@ -1,5 +1,5 @@
 #pragma once
-// The program's icon for desktops (ui/drawing/program_icon.h) in the
+// The program's icon for desktops (ui/widgets/drawing/program_icon.h) in the
 // program's own accent, written as the hicolor theme's PNG sizes and SVG.
 
 #include <QString>

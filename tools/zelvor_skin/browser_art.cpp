@@ -4,7 +4,7 @@
 
 #include "icons.h"
 #include "sprite.h"
-#include "ui/layout/browser_layout.h"
+#include "ui/rules/layout/browser_layout.h"
 
 namespace zelvor::skin {
 namespace {

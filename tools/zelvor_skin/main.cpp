@@ -20,8 +20,8 @@
 #include "palette.h"
 #include "preview.h"
 #include "skin_set.h"
-#include "tools/common/program_cli.h"
-#include "ui/layout/skin_catalogue.h"
+#include "app/program_cli.h"
+#include "ui/rules/layout/skin_catalogue.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include "icons.h"
 #include "player_sprites.h"
 #include "sprite.h"
-#include "ui/layout/player_layout.h"
+#include "ui/rules/layout/player_layout.h"
 
 namespace zelvor::skin {
 namespace {

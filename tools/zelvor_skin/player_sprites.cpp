@@ -5,7 +5,7 @@
 
 #include "icons.h"
 #include "sprite.h"
-#include "ui/layout/player_layout.h"
+#include "ui/rules/layout/player_layout.h"
 
 namespace zelvor::skin {
 namespace {

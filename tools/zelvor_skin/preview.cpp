@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "preview_screens.h"
-#include "ui/layout/skin_catalogue.h"
+#include "ui/rules/layout/skin_catalogue.h"
 
 namespace zelvor::skin {
 namespace {

@@ -5,10 +5,10 @@
 #include <QStringList>
 #include <array>
 
-#include "ui/drawing/blit.h"
-#include "ui/drawing/element_math.h"
-#include "ui/drawing/player_elements.h"
-#include "ui/layout/browser_layout.h"
+#include "ui/widgets/drawing/blit.h"
+#include "ui/rules/drawing/element_math.h"
+#include "ui/widgets/drawing/player_elements.h"
+#include "ui/rules/layout/browser_layout.h"
 
 namespace zelvor::skin {
 namespace {

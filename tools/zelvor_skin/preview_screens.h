@@ -4,7 +4,7 @@
 #include <QImage>
 
 #include "skin_set.h"
-#include "ui/layout/player_layout.h"
+#include "ui/rules/layout/player_layout.h"
 
 namespace zelvor::skin {
 
