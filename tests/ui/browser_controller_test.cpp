@@ -15,6 +15,8 @@ using testing::RecordingFeedback;
 using testing::TestDevice;
 using Texts = std::vector<std::u16string>;
 
+// Records what the controller asks of its screen. A menu is kept as
+// "command text" lines, "-" for a separator, " (grey)" after a disabled one.
 class FakeBrowserView : public BrowserView {
 public:
     void RowsChanged() override {}
@@ -25,7 +27,7 @@ public:
     void ShowButtons(const BrowserButtonsShown& which) override { buttons = which; }
     void ShowMenu(const std::vector<BrowserMenuItem>& items, int x, int y) override {
         menu.clear();
-        for (const auto& item : items) // "command text", "-" for a separator
+        for (const auto& item : items)
             menu.push_back(item.separator ? "-"
                                           : std::to_string(item.command) + " " +
                                                 ToUtf8(item.text) + (item.enabled ? "" : " (grey)"));
@@ -44,15 +46,12 @@ public:
     void StartRename(int row) override { renamed = row; }
 
     std::vector<int> selected;
-    int selectedRow = -2;
+    int selectedRow = -2, playerShown = 0, updates = 0, renamed = -1, playedStart = -1;
     std::vector<std::pair<int, bool>> sorts;
-    int playerShown = 0, updates = 0, renamed = -1;
     BrowserButtonsShown buttons;
-    std::vector<std::string> menu;
+    std::vector<std::string> menu, played;
     std::pair<int, int> menuAt;
     bool shown = true;
-    std::vector<std::string> played;
-    int playedStart = -1;
     std::vector<bool> waitCursor;
 };
 
@@ -108,6 +107,8 @@ TEST_F(Browser, ArtistsAreGroupedAndAGroupListsItsSongs) {
     controller.OnListClick(1, 0);
     EXPECT_EQ(Shown(), (Texts{u"All", u"Abba", u"Zed"}));
     EXPECT_EQ(controller.StatusLine(), u"Total :  4  songs"); // the library, not the rows
+    controller.OnListClick(3, 0); // past the last group
+    EXPECT_EQ(controller.Level(), 1);
     EXPECT_EQ(view.buttons, BrowserButtonsShown{});
     controller.OnListClick(2, 0);
     EXPECT_EQ(controller.Level(), 2);
@@ -127,6 +128,7 @@ TEST_F(Browser, ArtistsAreGroupedAndAGroupListsItsSongs) {
 
 TEST_F(Browser, TheAllRowOfAlbumsAndGenresWithoutAll) {
     controller.OnListClick(2, 0);
+    controller.ReloadTexts(); // only the "All" and "Unknown" rows take new texts
     EXPECT_EQ(Shown(), (Texts{u"All", u"Unknown", u"One", u"Two"}));
     controller.OnListClick(0, 0); // by key 12, equal for all: the album order stays
     EXPECT_EQ(Shown(), (Texts{u"c", u"a", u"b", u"d"}));

@@ -21,11 +21,9 @@ class ProgressStepRule : public ::testing::TestWithParam<StepCase> {};
 TEST_P(ProgressStepRule, BarValueAndFinished) {
     const StepCase& c = GetParam();
     const ProgressStep step = ComputeProgressStep(c.range, c.position);
-    EXPECT_EQ(step.show, c.show);
-    if (c.show) {
+    EXPECT_EQ(std::pair(step.show, step.finished), std::pair(c.show, c.finished));
+    if (c.show)
         EXPECT_EQ(step.value, c.value);
-    }
-    EXPECT_EQ(step.finished, c.finished);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -44,14 +42,10 @@ INSTANTIATE_TEST_SUITE_P(
         StepCase{"huge_position_no_overflow", {-1, 0, true}, 2147483647, true, 0, false}),
     [](const auto& tp) { return std::string(tp.param.name); });
 
-TEST(ProgressBarRange, PercentModeRunsToHundred) {
-    EXPECT_EQ(BarRangeOf({3, 9, true}).minimum, 0);
-    EXPECT_EQ(BarRangeOf({3, 9, true}).maximum, 100);
-    EXPECT_EQ(BarRangeOf({3, 9, false}).minimum, 3);
-    EXPECT_EQ(BarRangeOf({3, 9, false}).maximum, 9);
-}
-
-TEST(UpdateDialogClosing, ByPhase) {
+TEST(UpdateProgress, BarRangeAndClosingByPhase) {
+    const BarRange percent = BarRangeOf({3, 9, true}), direct = BarRangeOf({3, 9, false});
+    EXPECT_EQ(std::pair(percent.minimum, percent.maximum), std::pair(0, 100));
+    EXPECT_EQ(std::pair(direct.minimum, direct.maximum), std::pair(3, 9));
     const DialogEnd okEnds[] = {DialogEnd::StayOpen, DialogEnd::StayOpen, DialogEnd::StayOpen,
                                 DialogEnd::Ok};
     const DialogEnd cancelEnds[] = {DialogEnd::Cancel, DialogEnd::StayOpen, DialogEnd::StayOpen,
@@ -62,21 +56,16 @@ TEST(UpdateDialogClosing, ByPhase) {
     }
 }
 
-TEST(DialogUnits, TahomaEightToPixels) {
+TEST(DialogUnits, TahomaEightToPixelsAndButtonsBecomeTouchTargets) {
     EXPECT_EQ(DialogUnitsToPixelsX(175), 219); // the widest template fits 240
     EXPECT_EQ(DialogUnitsToPixelsX(2), 3);     // 2.5 rounds up
     EXPECT_EQ(DialogUnitsToPixelsY(71), 115);
     EXPECT_EQ(DialogUnitsToPixelsY(3), 5);     // 4.875
-    const PixelRect r = DialogRectToPixels({9, 11, 130, 31});
-    EXPECT_EQ(r, (PixelRect{11, 18, 174, 68}));
-}
-
-TEST(DialogUnits, ButtonsBecomeTouchTargets) {
+    EXPECT_EQ(DialogRectToPixels({9, 11, 130, 31}), (PixelRect{11, 18, 174, 68}));
     EXPECT_EQ(TouchRect({54, 51, 42, 14}), (PixelRect{68, 83, 120, 115}));
     EXPECT_EQ(TouchRect({0, 0, 10, 40}).Height(), 65); // a tall one stays as it is
-    const PixelSize message = DialogPixelSize(150, 71, 14);
-    EXPECT_EQ(message.width, 188);
-    EXPECT_EQ(message.height, 124); // 115 + the 9 pixels the buttons grew
+    const PixelSize message = DialogPixelSize(150, 71, 14); // 115 + the 9 pixels the buttons grew
+    EXPECT_EQ(std::pair(message.width, message.height), std::pair(188, 124));
     EXPECT_EQ(DialogPixelSize(150, 71, 40).height, 115);
 }
 

@@ -8,6 +8,7 @@
 #include "app/local_text.h"
 #include "res/string_table.h"
 #include "tests/ui/dialogs_update_fixture.h"
+#include "tests/ui/lists_sink.h"
 #include "ui/dialogs/dialog_results.h"
 
 namespace zelvor {
@@ -56,25 +57,23 @@ TEST_F(UpdateDialog, CancelBeforeTheStartClosesAtOnceAndScansNothing) {
     EXPECT_EQ(dialog->Results().Count(), 0);
 }
 
-TEST_F(UpdateDialog, CancelWhileAddingKeepsTheRecordsSoFar) {
-    auto dialog = rig.MakeDialog();
-    rig.onBuild = [&](int count) {
-        if (count == 1)
-            testing::UpdateDialogRig::PostKey(*dialog, Qt::Key_Escape); // seen at the next pump
-    };
-    EXPECT_EQ(dialog->DoModal(), kIdCancel);
-    EXPECT_EQ(dialog->Phase(), 2);
-    EXPECT_EQ(dialog->Results().Count(), 1);
-}
-
-TEST_F(UpdateDialog, EnterOnlyStopsWhileAdding) {
-    auto dialog = rig.MakeDialog();
-    rig.onBuild = [&](int count) {
-        if (count == 1)
-            testing::UpdateDialogRig::PostKey(*dialog, Qt::Key_Return);
-    };
-    EXPECT_EQ(dialog->DoModal(), kIdCancel); // stopped, then ended as Cancel
-    EXPECT_EQ(dialog->Results().Count(), 1);
+// Escape cancels while adding; Enter only stops the adding, and the dialog
+// then ends as Cancel too. Either way the records so far are kept.
+TEST_F(UpdateDialog, EscapeOrEnterWhileAddingKeepsTheRecordsSoFar) {
+    for (const int key : {Qt::Key_Escape, Qt::Key_Return}) {
+        rig.built = 0;
+        auto dialog = rig.MakeDialog();
+        rig.onBuild = [&](int count) {
+            if (count == 1) // seen at the next pump
+                testing::UpdateDialogRig::PostKey(*dialog, key);
+            if (key == Qt::Key_Escape)
+                testing::SavePicture(*dialog, "update_adding");
+        };
+        EXPECT_EQ(dialog->DoModal(), kIdCancel) << key;
+        EXPECT_LE(std::max(dialog->width(), dialog->height()), 240); // fits either screen
+        EXPECT_EQ(dialog->Phase(), 2) << key;
+        EXPECT_EQ(dialog->Results().Count(), 1) << key;
+    }
 }
 
 TEST_F(UpdateDialog, PercentBarWrapsAndAZeroSpanNeitherShowsNorPumps) {

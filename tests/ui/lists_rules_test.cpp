@@ -25,6 +25,7 @@ TEST(ListColumns, APartRowCountsOnlyFromSixPixelsAndOnlyWhenAsked) {
     EXPECT_EQ(RowsPerPage(106, 20, true), 6);
     EXPECT_EQ(RowsPerPage(106, 20, false), 5);
     EXPECT_EQ(RowsPerPage(100, 0, true), 0);
+    EXPECT_EQ(RowsPerPage(1, 1, false), 1); // the smallest sizes that hold a row
 }
 
 TEST(HeadingClick, AnotherColumnStartsAtAToZAndTheSameColumnFlips) {

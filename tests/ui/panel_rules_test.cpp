@@ -1,6 +1,7 @@
 // The play list panel's delete rule and places, without a window.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -10,41 +11,34 @@
 namespace zelvor {
 namespace {
 
-// Rows named by their first index, with selection flags that move with them.
+// Rows named by their first index; a selection flag moves with its row.
 class FakeRows final : public PanelRows {
 public:
     FakeRows(int count, const std::vector<int>& selected) {
         for (int i = 0; i < count; ++i)
-            m_rows.push_back({i, false});
-        for (int i : selected)
-            m_rows[static_cast<std::size_t>(i)].selected = true;
+            m_rows.push_back({i, std::find(selected.begin(), selected.end(), i) != selected.end()});
     }
     int SelectedCount() const override {
-        int n = 0;
-        for (const Row& row : m_rows)
-            n += row.selected ? 1 : 0;
-        return n;
+        return static_cast<int>(std::count_if(m_rows.begin(), m_rows.end(),
+                                              [](const auto& row) { return row.second; }));
     }
     int NextSelected(int after) const override {
+        EXPECT_GE(after, -1); // the first search starts before row 0
         for (int i = after + 1; i < static_cast<int>(m_rows.size()); ++i)
-            if (m_rows[static_cast<std::size_t>(i)].selected)
+            if (m_rows[static_cast<std::size_t>(i)].second)
                 return i;
         return -1;
     }
     void Remove(int index) override { m_rows.erase(m_rows.begin() + index); }
     std::vector<int> Left() const {
         std::vector<int> names;
-        for (const Row& row : m_rows)
-            names.push_back(row.name);
+        for (const auto& row : m_rows)
+            names.push_back(row.first);
         return names;
     }
 
 private:
-    struct Row {
-        int name;
-        bool selected;
-    };
-    std::vector<Row> m_rows;
+    std::vector<std::pair<int, bool>> m_rows;
 };
 
 struct DeleteCase {
@@ -89,12 +83,10 @@ TEST_P(PanelPlaces, ListIsCutToThePaneAndEveryTargetFitsApart) {
     const PixelRect whole{0, 0, pane.width, pane.height};
     const PixelRect about = PanelAboutRect(pane);
     EXPECT_TRUE(whole.Contains(about));
-    EXPECT_GE(about.Width(), 32);
-    EXPECT_GE(about.Height(), 32);
+    EXPECT_GE(std::min(about.Width(), about.Height()), 32);
     for (const ImageButtonPlace& button : PlayListPanelLayout().buttons) {
         EXPECT_TRUE(whole.Contains(button.rect)) << button.command;
-        EXPECT_GE(button.rect.Width(), 32);
-        EXPECT_GE(button.rect.Height(), 32);
+        EXPECT_GE(std::min(button.rect.Width(), button.rect.Height()), 32) << button.command;
         EXPECT_FALSE(about.Intersects(button.rect)) << button.command;
         EXPECT_FALSE(GetParam().list.Intersects(button.rect)) << button.command;
     }
