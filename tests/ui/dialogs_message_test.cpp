@@ -1,4 +1,6 @@
-// The message box's answers and what it shows; the About box's OK.
+// The message box's buttons, answers and text; the About box's OK. Every
+// dialog fits the screen in both orientations, and one picture of each look
+// is left for people to see.
 #include <gtest/gtest.h>
 
 #include <QLabel>
@@ -17,7 +19,7 @@
 namespace zelvor {
 namespace {
 
-// What answers the box: a button id, or a key when negative (-Qt::Key).
+// Answers with a button id, or with a key when negative (-Qt::Key).
 void Answer(QDialog& dialog, int how) {
     if (how < 0)
         return QTest::keyClick(&dialog, static_cast<Qt::Key>(-how));
@@ -26,23 +28,43 @@ void Answer(QDialog& dialog, int how) {
     button->click();
 }
 
+// 240x320 and 320x240; the picture under the given name, if any.
+void FitsAndSave(QWidget& dialog, const char* picture) {
+    EXPECT_LE(std::max(dialog.width(), dialog.height()), 240);
+    if (picture)
+        testing::SavePicture(dialog, picture);
+}
+
 struct AnswerCase {
     const char* name;
-    int type, how, result;
+    int type;
+    bool onlyOk;
+    bool question; // Yes and No shown, OK hidden
+    int how, result;
     int exitCode; // QDialog::Accepted or Rejected: how the dialog ended
+    const char* picture = nullptr;
 };
 
 class MessageAnswers : public ::testing::TestWithParam<AnswerCase> {};
 
-TEST_P(MessageAnswers, ResultAndEnding) {
+TEST_P(MessageAnswers, ButtonsResultAndEnding) {
     testing::EnsureWidgetApplication();
     const AnswerCase& c = GetParam();
     CMessageDialog dialog(nullptr);
-    dialog.SetText(u"Delete the playlist?");
+    dialog.SetText(u"A notice as long as the dialog takes it: every one of its characters must "
+                   u"still be on show inside the frame, up to here.");
     dialog.SetType(c.type);
+    if (c.onlyOk)
+        dialog.ShowOnlyOk();
     int exitCode = -1;
     QObject::connect(&dialog, &QDialog::finished, [&](int code) { exitCode = code; });
-    QTimer::singleShot(0, &dialog, [&] { Answer(dialog, c.how); });
+    QTimer::singleShot(0, &dialog, [&] {
+        EXPECT_EQ(dialog.Item(kIdOk)->isVisible(), !c.question);
+        EXPECT_EQ(dialog.Item(kIdMessageYes)->isVisible(), c.question);
+        EXPECT_EQ(dialog.Item(kIdMessageNo)->isVisible(), c.question);
+        FitsAndSave(dialog, c.picture);
+        Answer(dialog, c.how);
+    });
     EXPECT_EQ(dialog.DoModal(), c.result);
     EXPECT_EQ(dialog.Result(), c.result);
     EXPECT_EQ(exitCode, c.exitCode);
@@ -51,54 +73,18 @@ TEST_P(MessageAnswers, ResultAndEnding) {
 constexpr int kAccepted = QDialog::Accepted, kRejected = QDialog::Rejected;
 INSTANTIATE_TEST_SUITE_P(
     Cases, MessageAnswers,
-    ::testing::Values(AnswerCase{"notice_ok", kMbOk, kIdOk, kIdOk, kAccepted},
-                      AnswerCase{"notice_enter", kMbOk, -Qt::Key_Return, kIdOk, kAccepted},
-                      AnswerCase{"notice_escape", kMbOk, -Qt::Key_Escape, kIdCancel, kRejected},
-                      AnswerCase{"question_yes", kMbYesNo, kIdMessageYes, kIdYes, kAccepted},
-                      AnswerCase{"question_no_answers_1", kMbYesNo, kIdMessageNo, kIdOk, kRejected},
-                      AnswerCase{"question_escape", kMbYesNo, -Qt::Key_Escape, kIdCancel, kRejected},
-                      AnswerCase{"question_enter_is_ok", kMbYesNo, -Qt::Key_Enter, kIdOk, kAccepted}),
+    ::testing::Values(
+        AnswerCase{"notice_ok", kMbOk, false, false, kIdOk, kIdOk, kAccepted, "message_notice"},
+        AnswerCase{"notice_enter", kMbOk, false, false, -Qt::Key_Return, kIdOk, kAccepted},
+        AnswerCase{"notice_escape", kMbOk, false, false, -Qt::Key_Escape, kIdCancel, kRejected},
+        AnswerCase{"question_yes", kMbYesNo, false, true, kIdMessageYes, kIdYes, kAccepted,
+                   "message_question"},
+        AnswerCase{"question_no_answers_1", kMbYesNo, false, true, kIdMessageNo, kIdOk, kRejected},
+        AnswerCase{"question_escape", kMbYesNo, false, true, -Qt::Key_Escape, kIdCancel, kRejected},
+        AnswerCase{"question_enter_is_ok", kMbYesNo, false, true, -Qt::Key_Enter, kIdOk, kAccepted},
+        AnswerCase{"bit_4_among_others", 0x24, false, true, kIdMessageYes, kIdYes, kAccepted},
+        AnswerCase{"panel_confirmation", kMbYesNo, true, false, kIdOk, kIdOk, kAccepted}),
     [](const auto& tp) { return std::string(tp.param.name); });
-
-struct ShownCase {
-    const char* name;
-    int type;
-    bool onlyOk;
-    bool question; // Yes and No shown, OK hidden
-    bool picture;  // one of each look is left for people to see
-};
-
-class MessageButtons : public ::testing::TestWithParam<ShownCase> {};
-
-// Every dialog fits the screen in both orientations, 240x320 and 320x240.
-void FitsAndSave(QWidget& dialog, const char* name, bool picture = true) {
-    EXPECT_LE(std::max(dialog.width(), dialog.height()), 240) << name;
-    if (picture)
-        testing::SavePicture(dialog, name);
-}
-
-TEST_P(MessageButtons, OnOpening) {
-    testing::EnsureWidgetApplication();
-    const ShownCase& c = GetParam();
-    CMessageDialog dialog(nullptr);
-    dialog.SetText(u"A notice as long as the dialog takes it: every one of its characters must "
-                   u"still be on show inside the frame, up to here.");
-    dialog.SetType(c.type);
-    if (c.onlyOk)
-        dialog.ShowOnlyOk();
-    dialog.show();
-    EXPECT_EQ(dialog.Item(kIdOk)->isVisible(), !c.question);
-    EXPECT_EQ(dialog.Item(kIdMessageYes)->isVisible(), c.question);
-    EXPECT_EQ(dialog.Item(kIdMessageNo)->isVisible(), c.question);
-    FitsAndSave(dialog, c.name, c.picture);
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, MessageButtons,
-                         ::testing::Values(ShownCase{"notice", kMbOk, false, false, true},
-                                           ShownCase{"question", kMbYesNo, false, true, true},
-                                           ShownCase{"bit_4_among_others", 0x24, false, true, false},
-                                           ShownCase{"panel_confirmation", kMbYesNo, true, false, false}),
-                         [](const auto& tp) { return std::string(tp.param.name); });
 
 TEST(MessageText, ShownCutAsSetOrEmpty) {
     testing::EnsureWidgetApplication();

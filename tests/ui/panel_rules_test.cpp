@@ -11,34 +11,27 @@
 namespace zelvor {
 namespace {
 
-// Rows named by their first index; a selection flag moves with its row.
+// Rows 0-7 named by their first index; a selection goes with the name.
 class FakeRows final : public PanelRows {
 public:
-    FakeRows(int count, const std::vector<int>& selected) {
-        for (int i = 0; i < count; ++i)
-            m_rows.push_back({i, std::find(selected.begin(), selected.end(), i) != selected.end()});
-    }
+    explicit FakeRows(std::vector<int> selected) : m_selected(std::move(selected)) {}
     int SelectedCount() const override {
-        return static_cast<int>(std::count_if(m_rows.begin(), m_rows.end(),
-                                              [](const auto& row) { return row.second; }));
+        return static_cast<int>(std::count_if(left.begin(), left.end(), [&](int name) { return Selected(name); }));
     }
     int NextSelected(int after) const override {
         EXPECT_GE(after, -1); // the first search starts before row 0
-        for (int i = after + 1; i < static_cast<int>(m_rows.size()); ++i)
-            if (m_rows[static_cast<std::size_t>(i)].second)
+        for (int i = after + 1; i < static_cast<int>(left.size()); ++i)
+            if (Selected(left[static_cast<std::size_t>(i)]))
                 return i;
         return -1;
     }
-    void Remove(int index) override { m_rows.erase(m_rows.begin() + index); }
-    std::vector<int> Left() const {
-        std::vector<int> names;
-        for (const auto& row : m_rows)
-            names.push_back(row.first);
-        return names;
-    }
+    void Remove(int index) override { left.erase(left.begin() + index); }
+    bool Selected(int name) const { return std::count(m_selected.begin(), m_selected.end(), name) > 0; }
+
+    std::vector<int> left{0, 1, 2, 3, 4, 5, 6, 7};
 
 private:
-    std::vector<std::pair<int, bool>> m_rows;
+    std::vector<int> m_selected;
 };
 
 struct DeleteCase {
@@ -50,9 +43,9 @@ struct DeleteCase {
 class DeleteSelected : public ::testing::TestWithParam<DeleteCase> {};
 
 TEST_P(DeleteSelected, SkipsTheSelectedRowThatMovesUpIntoTheEmptiedPlace) {
-    FakeRows rows(8, GetParam().selected);
+    FakeRows rows(GetParam().selected);
     const int removed = DeleteSelectedRows(rows);
-    EXPECT_EQ(rows.Left(), GetParam().left);
+    EXPECT_EQ(rows.left, GetParam().left);
     EXPECT_EQ(removed, 8 - static_cast<int>(GetParam().left.size()));
 }
 
