@@ -143,9 +143,12 @@ TEST_F(Browser, TheAllRowOfAlbumsAndGenresWithoutAll) {
     EXPECT_EQ(Shown(), Texts{u"Unknown"}); // no "All" under Genres
 }
 
-TEST_F(Browser, SongRowsPlayOnlyOnAConfirmingChoice) {
+TEST_F(Browser, SongRowsPlayOnAConfirmingChoiceOrTheSelectedOnes) {
     controller.OnColumnClick(0); // the top list keeps its order
+    controller.OnCommand(kCmdPlaySelected); // no songs shown
     controller.OnListClick(0, 0);
+    controller.OnCommand(kCmdPlaySelected); // none selected
+    EXPECT_EQ(feedback.beeps, 2);
     controller.OnColumnClick(0);
     controller.OnColumnClick(0);
     EXPECT_EQ(view.sorts, (std::vector<std::pair<int, bool>>{{0, true}, {0, false}}));
@@ -159,13 +162,6 @@ TEST_F(Browser, SongRowsPlayOnlyOnAConfirmingChoice) {
     EXPECT_EQ(view.playedStart, 2);
     controller.OnListClick(1, 1);
     EXPECT_EQ(view.playedStart, 1);
-}
-
-TEST_F(Browser, PlaySelectedAndUpdateNeedSomethingToActOn) {
-    controller.OnCommand(kCmdPlaySelected);
-    controller.OnListClick(0, 0);
-    controller.OnCommand(kCmdPlaySelected);
-    EXPECT_EQ(feedback.beeps, 2);
     view.selected = {1, 3};
     controller.OnCommand(kCmdPlaySelected);
     EXPECT_EQ(view.played, (std::vector<std::string>{"b", "d"}));

@@ -1,41 +1,72 @@
 // The update dialog: when the update starts and how it ends.
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QTimer>
+#include <functional>
 
 #include "app/local_text.h"
+#include "app/settings.h"
 #include "res/string_table.h"
-#include "tests/ui/dialogs_update_fixture.h"
+#include "tests/support/test_device.h"
 #include "tests/ui/lists_sink.h"
 #include "ui/dialogs/dialog_results.h"
+#include "ui/dialogs/update_lib_dlg.h"
 
 namespace zelvor {
 namespace {
 
-class UpdateDialog : public ::testing::Test {
+// A device with three tiny music files (two on the card, one on the flash
+// disk) and a record builder that only counts: an update over it is fast.
+class UpdateDialog : public testing::WidgetApplicationFirst, public ::testing::Test {
 protected:
-    testing::UpdateDialogRig rig;
+    UpdateDialog() {
+        device.WriteFile(GetStorageCardRoot() + u"\\a.mp3", "a");
+        device.WriteFile(GetStorageCardRoot() + u"\\Albums\\b.mp3", "b");
+        device.WriteFile(GetFlashDiskRoot() + u"\\c.mp3", "c");
+    }
+    // A dialog set up as the browser sets it up.
+    std::unique_ptr<CUpdateLibDlg> MakeDialog() {
+        auto dialog = std::make_unique<CUpdateLibDlg>(nullptr, [this](std::u16string_view path, int) {
+            if (++built; onBuild)
+                onBuild(built);
+            auto record = std::make_unique<TrackRecord>();
+            record->SetField(kFieldPath, path);
+            return record;
+        });
+        dialog->SetRoot(u"\\");
+        dialog->SetStorageFolders(GetStorageCardRoot(), GetFlashDiskRoot());
+        return dialog;
+    }
+    static void PostKey(QWidget& target, int key) {
+        QCoreApplication::postEvent(&target, new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier));
+    }
+
+    testing::TestDevice device;
+    int built = 0;                    // records the builder was asked for
+    std::function<void(int)> onBuild; // called with the running count
 };
 
 // Never painted, it never scans; cancelled before the start, it closes at
 // once, and a start already on its way finds it closed.
 TEST_F(UpdateDialog, NeverPaintedOrCancelledBeforeTheStartScansNothing) {
-    auto dialog = rig.MakeDialog();
+    auto dialog = MakeDialog();
     testing::SpinEvents(800); // well past the half second after a first paint
     EXPECT_EQ(dialog->Phase(), 0);
-    testing::UpdateDialogRig::PostKey(*dialog, Qt::Key_Escape);
+    PostKey(*dialog, Qt::Key_Escape);
     EXPECT_EQ(dialog->DoModal(), kIdCancel);
     testing::SpinEvents(800);
     EXPECT_EQ(dialog->Phase(), 0);
-    EXPECT_EQ(rig.built, 0);
+    EXPECT_EQ(built, 0);
     EXPECT_EQ(dialog->Results().Count(), 0);
 }
 
 TEST_F(UpdateDialog, RunsAfterItsFirstPaintAndShowsSuccessBeforeClosing) {
-    auto dialog = rig.MakeDialog();
+    auto dialog = MakeDialog();
     bool visibleWhenBuilding = true;
-    rig.onBuild = [&](int) { visibleWhenBuilding = visibleWhenBuilding && dialog->isVisible(); };
+    onBuild = [&](int) { visibleWhenBuilding = visibleWhenBuilding && dialog->isVisible(); };
     const QString success = QString::fromStdU16String(
         std::u16string(LoadLocalText(kLocalTextFileName, 0, kTextLibraryUpdated)));
     bool successShown = false;
@@ -57,11 +88,11 @@ TEST_F(UpdateDialog, RunsAfterItsFirstPaintAndShowsSuccessBeforeClosing) {
 // then ends as Cancel too. Either way the records so far are kept.
 TEST_F(UpdateDialog, EscapeOrEnterWhileAddingKeepsTheRecordsSoFar) {
     for (const int key : {Qt::Key_Escape, Qt::Key_Return}) {
-        rig.built = 0;
-        auto dialog = rig.MakeDialog();
-        rig.onBuild = [&](int count) {
+        built = 0;
+        auto dialog = MakeDialog();
+        onBuild = [&](int count) {
             if (count == 1) // seen at the next pump
-                testing::UpdateDialogRig::PostKey(*dialog, key);
+                PostKey(*dialog, key);
             if (key == Qt::Key_Escape)
                 testing::SavePicture(*dialog, "update_adding");
         };
