@@ -1,10 +1,14 @@
-// The bitmap button's choice of bitmap by state, read back from its pixels.
+// The bitmap button's choice of bitmap by state, read back from its pixels;
+// and the shared text fitting: cut texts end in "..." and are as long as fits.
 #include <gtest/gtest.h>
 
+#include <QFont>
+#include <QFontMetrics>
 #include <QTest>
 
 #include "res/bitmap_ids.h"
 #include "tests/ui/lists_sink.h"
+#include "ui/drawing/text_fit.h"
 #include "ui/lists/bitmap_button.h"
 #include "ui/skin/skin_module.h"
 
@@ -58,6 +62,25 @@ INSTANTIATE_TEST_SUITE_P(
         FaceCase{"LoadingAgainDropsTheFocusedBitmap", false, true, false, kPause, kGrey,
                  kBmpPortraitStop, true}),
     [](const auto& info) { return std::string(info.param.name); });
+
+
+TEST(FitTextToWidth, KeepsFittingTextsAndCutsOthersToTheLongestFittingBeginning) {
+    testing::EnsureWidgetApplication();
+    const QFontMetrics metrics{QFont()};
+    const QString text = "A rather long title of a song that cannot fit";
+    const int full = metrics.horizontalAdvance(text);
+    EXPECT_EQ(FitTextToWidth(text, metrics, full), text);
+    EXPECT_EQ(FitTextToWidth(text, metrics, 0), QString());
+    EXPECT_EQ(FitTextToWidth(text, metrics, 1), "...");
+    for (const int width : {full - 1, full / 2, metrics.horizontalAdvance("A...")}) {
+        const QString cut = FitTextToWidth(text, metrics, width);
+        ASSERT_TRUE(cut.endsWith("...")) << width;
+        const QString kept = cut.chopped(3);
+        EXPECT_TRUE(text.startsWith(kept));
+        EXPECT_LE(metrics.horizontalAdvance(cut), width);
+        EXPECT_GT(metrics.horizontalAdvance(text.left(kept.size() + 1) + "..."), width) << width;
+    }
+}
 
 } // namespace
 } // namespace zelvor
