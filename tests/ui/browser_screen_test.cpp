@@ -151,7 +151,8 @@ TEST_F(BrowserInFrame, TheUpdateDialogReplacesTheLibraryAndTheTotalFollows) {
     frame->ShowBrowser();
     dev.WriteFile(u"\\Flash Disk\\Zed\\Three.mp3", "x");
     browser->Button(kCmdUpdateLibrary)->click(); // returns when the dialog has ended
-    EXPECT_TRUE(SpinUntil([&] { return browser->Controller().StatusLine() == u"Total :  5  songs"; }));
+    const auto total = [&] { return browser->Controller().StatusLine(); };
+    EXPECT_TRUE(SpinUntil([&] { return total() == u"Total :  5  songs"; })) << ToUtf8(total());
 }
 
 } // namespace

@@ -29,13 +29,14 @@ protected:
     }
     // A dialog set up as the browser sets it up.
     std::unique_ptr<CUpdateLibDlg> MakeDialog() {
-        auto dialog = std::make_unique<CUpdateLibDlg>(nullptr, [this](std::u16string_view path, int) {
+        auto build = [this](std::u16string_view path, int) {
             if (++built; onBuild)
                 onBuild(built);
             auto record = std::make_unique<TrackRecord>();
             record->SetField(kFieldPath, path);
             return record;
-        });
+        };
+        auto dialog = std::make_unique<CUpdateLibDlg>(nullptr, build);
         dialog->SetRoot(u"\\");
         dialog->SetStorageFolders(GetStorageCardRoot(), GetFlashDiskRoot());
         return dialog;

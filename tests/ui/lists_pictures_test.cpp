@@ -32,7 +32,8 @@ TEST_P(BitmapButtonFace, ShowsTheBitmapOfTheFirstStateThatHasOne) {
     auto* other = new QWidget(&screen);
     other->setFocusPolicy(Qt::StrongFocus);
     auto* button = new CBitmapButton(2005, &screen);
-    button->LoadBitmaps(kBmpPortraitPlay, kBmpPortraitPlayPressed, c.focusedBitmap, c.disabledBitmap);
+    button->LoadBitmaps(kBmpPortraitPlay, kBmpPortraitPlayPressed, c.focusedBitmap,
+                        c.disabledBitmap);
     if (c.loadAgain)
         button->LoadBitmaps(kBmpPortraitStop, kBmpPortraitStopPressed);
     button->resize(button->sizeHint());

@@ -107,9 +107,10 @@ TEST_F(PlaylistListCtrlTest, ADragSelectsExactlyTheTouchedRowsOfTheVisiblePage) 
     m_list->verticalScrollBar()->setValue(0);
     SendMouse(Viewport(), QEvent::MouseButtonPress, RowPoint(2));
     EXPECT_EQ(m_list->SelectedIndexes(), std::vector<int>{2});
-    SendMouse(Viewport(), QEvent::MouseMove, {20, Viewport()->height() + 10});
+    const QPoint below(20, Viewport()->height() + 10);
+    SendMouse(Viewport(), QEvent::MouseMove, below);
     EXPECT_EQ(m_list->TopRow(), 1);
-    SendMouse(Viewport(), QEvent::MouseButtonRelease, {20, Viewport()->height() + 10}, Qt::NoButton);
+    SendMouse(Viewport(), QEvent::MouseButtonRelease, below, Qt::NoButton);
 }
 
 // A touch screen's right click: a still press held long enough asks for the

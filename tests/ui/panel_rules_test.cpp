@@ -16,7 +16,8 @@ class FakeRows final : public PanelRows {
 public:
     explicit FakeRows(std::vector<int> selected) : m_selected(std::move(selected)) {}
     int SelectedCount() const override {
-        return static_cast<int>(std::count_if(left.begin(), left.end(), [&](int name) { return Selected(name); }));
+        return static_cast<int>(
+            std::count_if(left.begin(), left.end(), [&](int name) { return Selected(name); }));
     }
     int NextSelected(int after) const override {
         EXPECT_GE(after, -1); // the first search starts before row 0
@@ -26,7 +27,9 @@ public:
         return -1;
     }
     void Remove(int index) override { left.erase(left.begin() + index); }
-    bool Selected(int name) const { return std::count(m_selected.begin(), m_selected.end(), name) > 0; }
+    bool Selected(int name) const {
+        return std::find(m_selected.begin(), m_selected.end(), name) != m_selected.end();
+    }
 
     std::vector<int> left{0, 1, 2, 3, 4, 5, 6, 7};
 
