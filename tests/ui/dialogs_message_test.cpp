@@ -1,4 +1,7 @@
-// The message box's answers and what it shows; the About box's OK.
+// The message box's buttons, answers and text; the About box's OK. Every
+// dialog fits the screen in both orientations, and one picture of each look
+// is left for people to see. Then the rules without a window: the update
+// dialog's progress and closing, and the dialogs' placement.
 #include <gtest/gtest.h>
 
 #include <QLabel>
@@ -8,99 +11,85 @@
 #include <functional>
 
 #include "config/local_text.h"
+#include "ui/rules/dialogs/update_progress.h"
 #include "res/string_table.h"
+#include "tests/ui/lists_sink.h"
 #include "tests/ui/main_frame_app.h"
 #include "ui/widgets/dialogs/about_dialog.h"
+#include "ui/rules/dialogs/dialog_units.h"
 #include "ui/widgets/dialogs/message_dialog.h"
 
 namespace zelvor {
 namespace {
 
-void Click(QDialog& dialog, int id) {
-    auto* button = dialog.findChild<QPushButton*>(QString::number(id));
-    ASSERT_NE(button, nullptr);
-    ASSERT_TRUE(button->isVisible()) << id;
+// Answers with a button id, or with a key when negative (-Qt::Key).
+void Answer(QDialog& dialog, int how) {
+    if (how < 0)
+        return QTest::keyClick(&dialog, static_cast<Qt::Key>(-how));
+    auto* button = dialog.findChild<QPushButton*>(QString::number(how));
+    ASSERT_TRUE(button && button->isVisible()) << how;
     button->click();
+}
+
+// 240x320 and 320x240; the picture under the given name, if any.
+void FitsAndSave(QWidget& dialog, const char* picture) {
+    EXPECT_LE(std::max(dialog.width(), dialog.height()), 240);
+    if (picture)
+        testing::SavePicture(dialog, picture);
 }
 
 struct AnswerCase {
     const char* name;
     int type;
-    std::function<void(QDialog&)> answer;
-    int result;
+    bool onlyOk;
+    bool question; // Yes and No shown, OK hidden
+    int how, result;
     int exitCode; // QDialog::Accepted or Rejected: how the dialog ended
+    const char* picture = nullptr;
 };
 
-class MessageAnswers : public ::testing::TestWithParam<AnswerCase> {
-protected:
-    void SetUp() override { testing::EnsureWidgetApplication(); }
-};
+class MessageAnswers : public ::testing::TestWithParam<AnswerCase> {};
 
-TEST_P(MessageAnswers, ResultAndEnding) {
+TEST_P(MessageAnswers, ButtonsResultAndEnding) {
+    testing::EnsureWidgetApplication();
     const AnswerCase& c = GetParam();
     CMessageDialog dialog(nullptr);
-    dialog.SetText(u"Delete the playlist?");
+    dialog.SetText(u"A notice as long as the dialog takes it: every one of its characters must "
+                   u"still be on show inside the frame, up to here.");
     dialog.SetType(c.type);
+    if (c.onlyOk)
+        dialog.ShowOnlyOk();
     int exitCode = -1;
     QObject::connect(&dialog, &QDialog::finished, [&](int code) { exitCode = code; });
-    QTimer::singleShot(0, &dialog, [&] { c.answer(dialog); });
+    QTimer::singleShot(0, &dialog, [&] {
+        EXPECT_EQ(dialog.Item(kIdOk)->isVisible(), !c.question);
+        EXPECT_EQ(dialog.Item(kIdMessageYes)->isVisible(), c.question);
+        EXPECT_EQ(dialog.Item(kIdMessageNo)->isVisible(), c.question);
+        FitsAndSave(dialog, c.picture);
+        Answer(dialog, c.how);
+    });
     EXPECT_EQ(dialog.DoModal(), c.result);
     EXPECT_EQ(dialog.Result(), c.result);
     EXPECT_EQ(exitCode, c.exitCode);
 }
 
+constexpr int kAccepted = QDialog::Accepted, kRejected = QDialog::Rejected;
 INSTANTIATE_TEST_SUITE_P(
     Cases, MessageAnswers,
     ::testing::Values(
-        AnswerCase{"notice_ok", kMbOk, [](QDialog& d) { Click(d, kIdOk); }, kIdOk, QDialog::Accepted},
-        AnswerCase{"notice_enter", kMbOk, [](QDialog& d) { QTest::keyClick(&d, Qt::Key_Return); },
-                   kIdOk, QDialog::Accepted},
-        AnswerCase{"notice_escape", kMbOk, [](QDialog& d) { QTest::keyClick(&d, Qt::Key_Escape); },
-                   kIdCancel, QDialog::Rejected},
-        AnswerCase{"question_yes", kMbYesNo, [](QDialog& d) { Click(d, kIdMessageYes); }, kIdYes,
-                   QDialog::Accepted},
-        AnswerCase{"question_no_answers_1", kMbYesNo, [](QDialog& d) { Click(d, kIdMessageNo); },
-                   kIdOk, QDialog::Rejected},
-        AnswerCase{"question_escape", kMbYesNo,
-                   [](QDialog& d) { QTest::keyClick(&d, Qt::Key_Escape); }, kIdCancel,
-                   QDialog::Rejected},
-        AnswerCase{"question_enter_is_ok", kMbYesNo,
-                   [](QDialog& d) { QTest::keyClick(&d, Qt::Key_Enter); }, kIdOk,
-                   QDialog::Accepted}),
+        AnswerCase{"notice_ok", kMbOk, false, false, kIdOk, kIdOk, kAccepted, "message_notice"},
+        AnswerCase{"notice_enter", kMbOk, false, false, -Qt::Key_Return, kIdOk, kAccepted},
+        AnswerCase{"notice_escape", kMbOk, false, false, -Qt::Key_Escape, kIdCancel, kRejected},
+        AnswerCase{"question_yes", kMbYesNo, false, true, kIdMessageYes, kIdYes, kAccepted,
+                   "message_question"},
+        AnswerCase{"question_no_answers_1", kMbYesNo, false, true, kIdMessageNo, kIdOk, kRejected},
+        AnswerCase{"question_escape", kMbYesNo, false, true, -Qt::Key_Escape, kIdCancel, kRejected},
+        AnswerCase{"question_enter_is_ok", kMbYesNo, false, true, -Qt::Key_Enter, kIdOk, kAccepted},
+        AnswerCase{"bit_4_among_others", 0x24, false, true, kIdMessageYes, kIdYes, kAccepted},
+        AnswerCase{"panel_confirmation", kMbYesNo, true, false, kIdOk, kIdOk, kAccepted}),
     [](const auto& tp) { return std::string(tp.param.name); });
 
-struct ShownCase {
-    const char* name;
-    int type;
-    bool onlyOk;
-    bool question; // Yes and No shown, OK hidden
-};
-
-class MessageButtons : public ::testing::TestWithParam<ShownCase> {
-protected:
-    void SetUp() override { testing::EnsureWidgetApplication(); }
-};
-
-TEST_P(MessageButtons, OnOpening) {
-    const ShownCase& c = GetParam();
-    CMessageDialog dialog(nullptr);
-    dialog.SetType(c.type);
-    if (c.onlyOk)
-        dialog.ShowOnlyOk();
-    dialog.show();
-    EXPECT_EQ(dialog.Item(kIdOk)->isVisible(), !c.question);
-    EXPECT_EQ(dialog.Item(kIdMessageYes)->isVisible(), c.question);
-    EXPECT_EQ(dialog.Item(kIdMessageNo)->isVisible(), c.question);
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, MessageButtons,
-                         ::testing::Values(ShownCase{"notice", kMbOk, false, false},
-                                           ShownCase{"question", kMbYesNo, false, true},
-                                           ShownCase{"bit_4_among_others", 0x24, false, true},
-                                           ShownCase{"panel_confirmation", kMbYesNo, true, false}),
-                         [](const auto& tp) { return std::string(tp.param.name); });
-
-TEST(MessageText, ShownAsSetOrEmpty) {
+TEST(MessageText, ShownCutAsSetOrEmpty) {
     testing::EnsureWidgetApplication();
     CMessageDialog dialog(nullptr);
     const auto shown = [&] {
@@ -112,7 +101,6 @@ TEST(MessageText, ShownAsSetOrEmpty) {
     EXPECT_EQ(shown(), std::u16string(127, u'a'));
     dialog.SetText(kTextRenameFailed); // the built-in English text
     EXPECT_EQ(shown(), std::u16string(LoadBuiltInText(kTextRenameFailed)));
-    EXPECT_FALSE(dialog.Text().empty());
     dialog.SetText(std::uint16_t{1}); // no such text
     EXPECT_EQ(shown(), u"");
 }
@@ -120,9 +108,90 @@ TEST(MessageText, ShownAsSetOrEmpty) {
 TEST(AboutBox, OkClosesWithOne) {
     testing::EnsureWidgetApplication();
     CAboutDialog about(nullptr);
-    EXPECT_EQ(about.windowTitle(), QStringLiteral("About MP3 Player"));
-    QTimer::singleShot(0, &about, [&] { Click(about, kIdOk); });
+    QTimer::singleShot(0, &about, [&] {
+        FitsAndSave(about, "about");
+        Answer(about, kIdOk);
+    });
     EXPECT_EQ(about.DoModal(), kIdOk);
+}
+
+
+struct StepCase {
+    const char* name;
+    ProgressRange range;
+    int position;
+    bool show;
+    int value;
+    bool finished;
+};
+
+class ProgressStepRule : public ::testing::TestWithParam<StepCase> {};
+
+TEST_P(ProgressStepRule, BarValueAndFinished) {
+    const StepCase& c = GetParam();
+    const ProgressStep step = ComputeProgressStep(c.range, c.position);
+    EXPECT_EQ(std::pair(step.show, step.finished), std::pair(c.show, c.finished));
+    if (c.show)
+        EXPECT_EQ(step.value, c.value);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, ProgressStepRule,
+    ::testing::Values(
+        StepCase{"direct_as_given", {10, 40, false}, 25, true, 25, false},
+        StepCase{"direct_upper_finishes", {10, 40, false}, 40, true, 40, true},
+        StepCase{"percent_of_span", {100, 300, true}, 150, true, 25, false},
+        StepCase{"percent_truncates", {0, 3, true}, 1, true, 33, false},
+        StepCase{"percent_exact_100", {0, 50, true}, 50, true, 100, true},
+        StepCase{"percent_150_wraps_to_50", {0, 50, true}, 75, true, 50, false},
+        StepCase{"percent_200_wraps_to_0", {0, 50, true}, 100, true, 0, false},
+        StepCase{"percent_below_lower_is_0", {20, 70, true}, 5, true, 0, false},
+        StepCase{"percent_zero_span_untouched", {7, 7, true}, 3, false, 0, false},
+        StepCase{"zero_span_at_upper_finishes", {7, 7, true}, 7, false, 0, true},
+        StepCase{"huge_position_no_overflow", {-1, 0, true}, 2147483647, true, 0, false}),
+    [](const auto& tp) { return std::string(tp.param.name); });
+
+TEST(UpdateProgress, BarRangeAndClosingByPhase) {
+    const BarRange percent = BarRangeOf({3, 9, true}), direct = BarRangeOf({3, 9, false});
+    EXPECT_EQ(std::pair(percent.minimum, percent.maximum), std::pair(0, 100));
+    EXPECT_EQ(std::pair(direct.minimum, direct.maximum), std::pair(3, 9));
+    const DialogEnd okEnds[] = {DialogEnd::StayOpen, DialogEnd::StayOpen, DialogEnd::StayOpen,
+                                DialogEnd::Ok};
+    const DialogEnd cancelEnds[] = {DialogEnd::Cancel, DialogEnd::StayOpen, DialogEnd::StayOpen,
+                                    DialogEnd::Cancel};
+    for (int phase = 0; phase <= 3; ++phase) {
+        EXPECT_EQ(EndOnOk(phase), okEnds[phase]) << phase;
+        EXPECT_EQ(EndOnCancel(phase), cancelEnds[phase]) << phase;
+    }
+}
+
+TEST(DialogUnits, TahomaEightToPixelsAndButtonsBecomeTouchTargets) {
+    EXPECT_EQ(DialogUnitsToPixelsX(175), 219); // the widest template fits 240
+    EXPECT_EQ(DialogUnitsToPixelsX(2), 3);     // 2.5 rounds up
+    EXPECT_EQ(DialogUnitsToPixelsY(71), 115);
+    EXPECT_EQ(DialogUnitsToPixelsY(3), 5);     // 4.875
+    EXPECT_EQ(DialogRectToPixels({9, 11, 130, 31}), (PixelRect{11, 18, 174, 68}));
+    EXPECT_EQ(TouchRect({54, 51, 42, 14}), (PixelRect{68, 83, 120, 115}));
+    EXPECT_EQ(TouchRect({0, 0, 10, 40}).Height(), 65); // a tall one stays as it is
+    const PixelSize message = DialogPixelSize(150, 71, 14); // 115 + the 9 pixels the buttons grew
+    EXPECT_EQ(std::pair(message.width, message.height), std::pair(188, 124));
+    EXPECT_EQ(DialogPixelSize(150, 71, 40).height, 115);
+}
+
+TEST(MessageText, CutAt127Units) {
+    const std::u16string longText(200, u'x');
+    EXPECT_EQ(CutMessageText(longText).size(), 127u);
+    EXPECT_EQ(CutMessageText(longText.substr(0, 127)).size(), 127u);
+    EXPECT_EQ(CutMessageText(u"short"), u"short");
+    // A pair split by the cut loses its high half as well.
+    for (char16_t high : {u'\xD800', u'\xDBFF'}) {
+        std::u16string pairAtCut(126, u'x');
+        pairAtCut += {high, u'\xDC00', u'y'};
+        EXPECT_EQ(CutMessageText(pairAtCut), std::u16string(126, u'x'));
+    }
+    std::u16string pairBefore(125, u'x');
+    pairBefore += u"\U0001F3B5y";
+    EXPECT_EQ(CutMessageText(pairBefore), pairBefore.substr(0, 127));
 }
 
 } // namespace

@@ -1,34 +1,73 @@
-// The update dialog: when the update starts, how it ends, and its bar.
+// The update dialog: when the update starts and how it ends.
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLabel>
-#include <QProgressBar>
 #include <QTimer>
+#include <functional>
 
 #include "config/local_text.h"
+#include "config/settings.h"
 #include "res/string_table.h"
-#include "tests/ui/dialogs_update_fixture.h"
+#include "tests/support/test_device.h"
+#include "tests/ui/lists_sink.h"
 #include "ui/rules/dialogs/dialog_results.h"
+#include "ui/widgets/dialogs/update_lib_dlg.h"
 
 namespace zelvor {
 namespace {
 
-class UpdateDialog : public ::testing::Test {
+// A device with three tiny music files (two on the card, one on the flash
+// disk) and a record builder that only counts: an update over it is fast.
+class UpdateDialog : public testing::WidgetApplicationFirst, public ::testing::Test {
 protected:
-    testing::UpdateDialogRig rig;
+    UpdateDialog() {
+        device.WriteFile(GetStorageCardRoot() + u"\\a.mp3", "a");
+        device.WriteFile(GetStorageCardRoot() + u"\\Albums\\b.mp3", "b");
+        device.WriteFile(GetFlashDiskRoot() + u"\\c.mp3", "c");
+    }
+    // A dialog set up as the browser sets it up.
+    std::unique_ptr<CUpdateLibDlg> MakeDialog() {
+        auto build = [this](std::u16string_view path, int) {
+            if (++built; onBuild)
+                onBuild(built);
+            auto record = std::make_unique<TrackRecord>();
+            record->SetField(kFieldPath, path);
+            return record;
+        };
+        auto dialog = std::make_unique<CUpdateLibDlg>(nullptr, build);
+        dialog->SetRoot(u"\\");
+        dialog->SetStorageFolders(GetStorageCardRoot(), GetFlashDiskRoot());
+        return dialog;
+    }
+    static void PostKey(QWidget& target, int key) {
+        QCoreApplication::postEvent(&target, new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier));
+    }
+
+    testing::TestDevice device;
+    int built = 0;                    // records the builder was asked for
+    std::function<void(int)> onBuild; // called with the running count
 };
 
-TEST_F(UpdateDialog, NeverPaintedNeverScans) {
-    auto dialog = rig.MakeDialog();
+// Never painted, it never scans; cancelled before the start, it closes at
+// once, and a start already on its way finds it closed.
+TEST_F(UpdateDialog, NeverPaintedOrCancelledBeforeTheStartScansNothing) {
+    auto dialog = MakeDialog();
     testing::SpinEvents(800); // well past the half second after a first paint
     EXPECT_EQ(dialog->Phase(), 0);
-    EXPECT_EQ(rig.built, 0);
+    PostKey(*dialog, Qt::Key_Escape);
+    EXPECT_EQ(dialog->DoModal(), kIdCancel);
+    testing::SpinEvents(800);
+    EXPECT_EQ(dialog->Phase(), 0);
+    EXPECT_EQ(built, 0);
+    EXPECT_EQ(dialog->Results().Count(), 0);
 }
 
 TEST_F(UpdateDialog, RunsAfterItsFirstPaintAndShowsSuccessBeforeClosing) {
-    auto dialog = rig.MakeDialog();
+    auto dialog = MakeDialog();
     bool visibleWhenBuilding = true;
-    rig.onBuild = [&](int) { visibleWhenBuilding = visibleWhenBuilding && dialog->isVisible(); };
+    onBuild = [&](int) { visibleWhenBuilding = visibleWhenBuilding && dialog->isVisible(); };
     const QString success = QString::fromStdU16String(
         std::u16string(LoadLocalText(kLocalTextFileName, 0, kTextLibraryUpdated)));
     bool successShown = false;
@@ -46,62 +85,23 @@ TEST_F(UpdateDialog, RunsAfterItsFirstPaintAndShowsSuccessBeforeClosing) {
     EXPECT_EQ(dialog->Results().Count(), 3);
 }
 
-TEST_F(UpdateDialog, CancelBeforeTheStartClosesAtOnceAndScansNothing) {
-    auto dialog = rig.MakeDialog();
-    testing::UpdateDialogRig::PostKey(*dialog, Qt::Key_Escape);
-    EXPECT_EQ(dialog->DoModal(), kIdCancel);
-    testing::SpinEvents(800); // a start already on its way finds the dialog closed
-    EXPECT_EQ(dialog->Phase(), 0);
-    EXPECT_EQ(rig.built, 0);
-    EXPECT_EQ(dialog->Results().Count(), 0);
-}
-
-TEST_F(UpdateDialog, CancelWhileAddingKeepsTheRecordsSoFar) {
-    auto dialog = rig.MakeDialog();
-    rig.onBuild = [&](int count) {
-        if (count == 1)
-            testing::UpdateDialogRig::PostKey(*dialog, Qt::Key_Escape); // seen at the next pump
-    };
-    EXPECT_EQ(dialog->DoModal(), kIdCancel);
-    EXPECT_EQ(dialog->Phase(), 2);
-    EXPECT_EQ(dialog->Results().Count(), 1);
-}
-
-TEST_F(UpdateDialog, EnterOnlyStopsWhileAdding) {
-    auto dialog = rig.MakeDialog();
-    rig.onBuild = [&](int count) {
-        if (count == 1)
-            testing::UpdateDialogRig::PostKey(*dialog, Qt::Key_Return);
-    };
-    EXPECT_EQ(dialog->DoModal(), kIdCancel); // stopped, then ended as Cancel
-    EXPECT_EQ(dialog->Results().Count(), 1);
-}
-
-TEST_F(UpdateDialog, PercentBarWrapsAndAZeroSpanNeitherShowsNorPumps) {
-    auto dialog = rig.MakeDialog();
-    auto* bar = dialog->findChild<QProgressBar*>();
-    int endings = 0;
-    QObject::connect(dialog.get(), &QDialog::finished, [&] { ++endings; });
-
-    dialog->SetUpdateRange(0, 50, true);
-    dialog->InitUpdateProgress();
-    EXPECT_EQ(dialog->SetUpdateProgress(75), 1);
-    EXPECT_EQ(bar->value(), 50); // 150 % wraps
-    EXPECT_FALSE(dialog->ProgressFinished());
-
-    testing::UpdateDialogRig::PostKey(*dialog, Qt::Key_Escape); // waits for a pump
-    dialog->SetUpdateRange(7, 7, true);
-    dialog->InitUpdateProgress();
-    EXPECT_EQ(dialog->SetUpdateProgress(3), 0);
-    EXPECT_EQ(endings, 0); // not pumped: the Escape still waits
-
-    dialog->SetUpdateRange(0, 50, true);
-    dialog->InitUpdateProgress();
-    EXPECT_EQ(dialog->SetUpdateProgress(50), 0); // the pump brought the Escape in
-    EXPECT_EQ(bar->value(), 100);
-    EXPECT_TRUE(dialog->ProgressFinished());
-    EXPECT_EQ(endings, 1);
-    EXPECT_EQ(dialog->SetUpdateProgress(10), 1); // cancel-asked was cleared by that pump
+// Escape cancels while adding; Enter only stops the adding, and the dialog
+// then ends as Cancel too. Either way the records so far are kept.
+TEST_F(UpdateDialog, EscapeOrEnterWhileAddingKeepsTheRecordsSoFar) {
+    for (const int key : {Qt::Key_Escape, Qt::Key_Return}) {
+        built = 0;
+        auto dialog = MakeDialog();
+        onBuild = [&](int count) {
+            if (count == 1) // seen at the next pump
+                PostKey(*dialog, key);
+            if (key == Qt::Key_Escape)
+                testing::SavePicture(*dialog, "update_adding");
+        };
+        EXPECT_EQ(dialog->DoModal(), kIdCancel) << key;
+        EXPECT_LE(std::max(dialog->width(), dialog->height()), 240); // fits either screen
+        EXPECT_EQ(dialog->Phase(), 2) << key;
+        EXPECT_EQ(dialog->Results().Count(), 1) << key;
+    }
 }
 
 } // namespace

@@ -1,9 +1,10 @@
-// The playlist list control: what it tells its parent, the stylus and the
-// keys, renaming.
+// The playlist list control: what it tells its parent of the stylus and the
+// keys (its rename and context request are driven by the browser's tests);
+// the track list control: its model, texts by column, headings and sorting.
 #include <gtest/gtest.h>
 
 #include <QAbstractItemModelTester>
-#include <QLineEdit>
+#include <QHeaderView>
 #include <QScrollBar>
 #include <QTest>
 
@@ -11,6 +12,8 @@
 #include "tests/ui/lists_sink.h"
 #include "ui/widgets/lists/list_notify.h"
 #include "ui/widgets/lists/playlist_list_ctrl.h"
+#include "ui/widgets/lists/track_list_ctrl.h"
+#include "ui/widgets/lists/track_list_model.h"
 
 namespace zelvor {
 namespace {
@@ -21,7 +24,6 @@ using testing::SendMouse;
 class PlaylistListCtrlTest : public testing::WidgetApplicationFirst, public ::testing::Test {
 protected:
     void Make(int rows) {
-        testing::EnsureWidgetApplication();
         for (int i = 0; i < rows; ++i) {
             auto entry = std::make_unique<PlaylistEntry>(u"Row " + QString::number(i).toStdU16String());
             entry->SetLibraryIndex(i);
@@ -41,29 +43,20 @@ protected:
         return {x, m_list->visualRect(m_list->model()->index(row, 0)).center().y()};
     }
     std::vector<WindowMessage> Messages() { return m_parent.Take(); }
-    // The editor closes from the event loop and goes when deletions run.
-    static void Settle() {
-        QCoreApplication::processEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
 
     PlaylistEntryList m_rows;
     testing::MessageSink m_parent;
     CPlaylistListCtrl* m_list = nullptr;
 };
 
-TEST_F(PlaylistListCtrlTest, ModelPassesTheModelTester) {
-    Make(5);
-    QAbstractItemModelTester tester(m_list->model(),
-                                    QAbstractItemModelTester::FailureReportingMode::Fatal);
-    m_list->SetSortMode(0, false);
-    m_list->SortRows();
-    EXPECT_EQ(m_list->model()->index(0, 0).data().toString(), "Row 4");
-    EXPECT_EQ(m_list->model()->headerData(0, Qt::Horizontal).toString(), "Title");
-}
-
 TEST_F(PlaylistListCtrlTest, TapsOnRowsPostClickAndDoubleClickButEmptySpaceNothing) {
     Make(3);
+    QAbstractItemModelTester tester(m_list->model(),
+                                    QAbstractItemModelTester::FailureReportingMode::Fatal);
+    EXPECT_EQ(m_list->model()->headerData(0, Qt::Horizontal).toString(), "Title");
+    m_list->SetSortMode(0, false);
+    m_list->SortRows();
+    EXPECT_EQ(m_list->model()->index(0, 0).data().toString(), "Row 2"); // Z to A
     QTest::mouseClick(Viewport(), Qt::LeftButton, {}, RowPoint(1));
     EXPECT_EQ(Messages(), (std::vector<WindowMessage>{{kMsgListClick, 1, 0}}));
     const QPoint below = RowPoint(2) + QPoint(0, 60);
@@ -77,29 +70,22 @@ TEST_F(PlaylistListCtrlTest, TapsOnRowsPostClickAndDoubleClickButEmptySpaceNothi
                                                       {kMsgListDoubleClick, 2, 0}}));
 }
 
-TEST_F(PlaylistListCtrlTest, AHeldArrowPostsOnceWithTheFirstSelectedRow) {
+// A held arrow posts once, with the first selected row; Enter chooses on
+// its release, and only after its own press.
+TEST_F(PlaylistListCtrlTest, KeysPostOncePerPress) {
     Make(5);
     m_list->SelectOnly(3);
+    SendKey(m_list, QEvent::KeyRelease, Qt::Key_Return);
     SendKey(m_list, QEvent::KeyPress, Qt::Key_Left);
     for (int i = 0; i < 3; ++i)
         SendKey(m_list, QEvent::KeyPress, Qt::Key_Left, true);
     SendKey(m_list, QEvent::KeyRelease, Qt::Key_Left);
     SendKey(m_list, QEvent::KeyPress, Qt::Key_Right);
     SendKey(m_list, QEvent::KeyPress, Qt::Key_Right, true);
-    const auto messages = Messages();
-    ASSERT_EQ(messages.size(), 2u);
-    EXPECT_EQ(messages[0], (WindowMessage{kMsgListLeft, 3, 0}));
-    EXPECT_EQ(messages[1].message, kMsgListRight);
-}
-
-TEST_F(PlaylistListCtrlTest, EnterChoosesOnReleaseOnlyAfterItsOwnPress) {
-    Make(5);
-    m_list->SelectOnly(2);
-    SendKey(m_list, QEvent::KeyRelease, Qt::Key_Return);
-    EXPECT_TRUE(Messages().empty());
     SendKey(m_list, QEvent::KeyPress, Qt::Key_Return);
     SendKey(m_list, QEvent::KeyRelease, Qt::Key_Return);
-    EXPECT_EQ(Messages(), (std::vector<WindowMessage>{{kMsgListClick, 2, 1}}));
+    EXPECT_EQ(Messages(), (std::vector<WindowMessage>{
+                              {kMsgListLeft, 3, 0}, {kMsgListRight, 3, 0}, {kMsgListClick, 3, 1}}));
 }
 
 TEST_F(PlaylistListCtrlTest, ADragSelectsExactlyTheTouchedRowsOfTheVisiblePage) {
@@ -116,25 +102,15 @@ TEST_F(PlaylistListCtrlTest, ADragSelectsExactlyTheTouchedRowsOfTheVisiblePage) 
     SendMouse(Viewport(), QEvent::MouseButtonRelease, RowPoint(6, 60), Qt::NoButton);
     EXPECT_EQ(m_list->SelectedIndexes(), (std::vector<int>{0, 6, 7}));
     EXPECT_TRUE(Messages().empty());
-}
-
-TEST_F(PlaylistListCtrlTest, APressOnAnUnselectedRowSelectsItAloneAndDraggingOutScrolls) {
-    Make(40);
-    m_list->SelectOnly(1);
+    testing::SavePicture(m_parent, "playlist_list");
+    // A press on an unselected row selects it alone; dragging out scrolls.
+    m_list->verticalScrollBar()->setValue(0);
     SendMouse(Viewport(), QEvent::MouseButtonPress, RowPoint(2));
     EXPECT_EQ(m_list->SelectedIndexes(), std::vector<int>{2});
-    SendMouse(Viewport(), QEvent::MouseMove, {20, Viewport()->height() + 10});
+    const QPoint below(20, Viewport()->height() + 10);
+    SendMouse(Viewport(), QEvent::MouseMove, below);
     EXPECT_EQ(m_list->TopRow(), 1);
-    SendMouse(Viewport(), QEvent::MouseButtonRelease, {20, Viewport()->height() + 10}, Qt::NoButton);
-}
-
-TEST_F(PlaylistListCtrlTest, AContextRequestIsPassedOnAsASentMessage) {
-    Make(2);
-    m_parent.answer = 5;
-    WindowMessageEvent request({kMsgListContextRequest, 3, 0x00400020});
-    QCoreApplication::sendEvent(m_list, &request);
-    EXPECT_EQ(request.Result(), 5);
-    EXPECT_EQ(m_parent.received, (std::vector<WindowMessage>{{kMsgListContextMenu, 3, 0x00400020}}));
+    SendMouse(Viewport(), QEvent::MouseButtonRelease, below, Qt::NoButton);
 }
 
 // A touch screen's right click: a still press held long enough asks for the
@@ -144,40 +120,107 @@ TEST_F(PlaylistListCtrlTest, AHeldStillPressAsksForTheMenuAndItsReleaseChoosesNo
     Make(3);
     const QPoint point = RowPoint(1);
     const QPoint global = Viewport()->mapToGlobal(point);
-    testing::SendMouse(Viewport(), QEvent::MouseButtonPress, point);
+    SendMouse(Viewport(), QEvent::MouseButtonPress, point);
     QTest::qWait(CPlaylistListCtrl::kContextHoldMs + 150);
-    testing::SendMouse(Viewport(), QEvent::MouseButtonRelease, point, Qt::NoButton);
+    SendMouse(Viewport(), QEvent::MouseButtonRelease, point, Qt::NoButton);
     EXPECT_EQ(Messages(), (std::vector<WindowMessage>{
                               {kMsgListContextMenu, 0, PackPoint(global.x(), global.y())}}));
 
-    testing::SendMouse(Viewport(), QEvent::MouseButtonPress, RowPoint(0));
-    testing::SendMouse(Viewport(), QEvent::MouseMove, RowPoint(2));
+    SendMouse(Viewport(), QEvent::MouseButtonPress, RowPoint(0));
+    SendMouse(Viewport(), QEvent::MouseMove, RowPoint(2));
     QTest::qWait(CPlaylistListCtrl::kContextHoldMs + 150);
-    testing::SendMouse(Viewport(), QEvent::MouseButtonRelease, RowPoint(2), Qt::NoButton);
+    SendMouse(Viewport(), QEvent::MouseButtonRelease, RowPoint(2), Qt::NoButton);
     EXPECT_TRUE(Messages().empty());
 }
 
-TEST_F(PlaylistListCtrlTest, ARenameAsksTheParentWhichDecidesWhetherTheLabelChanges) {
-    Make(3);
-    for (const std::int32_t answer : {0, 1}) {
-        m_parent.answer = answer;
-        m_list->EditLabel(1);
-        auto* editor = m_list->findChild<QLineEdit*>();
-        ASSERT_NE(editor, nullptr);
-        EXPECT_EQ(editor->text(), "Row 1");
-        editor->setText(QString("Renamed %1").arg(answer));
-        QTest::keyClick(editor, Qt::Key_Return);
-        Settle();
-        EXPECT_EQ(m_parent.received.back(), (WindowMessage{kMsgListEndRename, 1, 0}));
-        EXPECT_EQ(m_list->EditedText(), QString("Renamed %1").arg(answer));
+
+class TrackListCtrlTest : public testing::WidgetApplicationFirst, public ::testing::Test {
+protected:
+    TrackListCtrlTest() {
+        m_parent.resize(240, 320);
+        m_list->setGeometry(0, 0, 242, 300);
     }
-    EXPECT_EQ(m_rows.At(1)->Text(1), u"Renamed 1");
-    m_list->EditLabel(2);
-    QTest::keyClick(m_list->findChild<QLineEdit*>(), Qt::Key_Escape);
-    Settle();
-    EXPECT_EQ(m_parent.received.back(), (WindowMessage{kMsgListEndRename, 2, 0}));
-    EXPECT_TRUE(m_list->EditedText().isNull());
-    EXPECT_EQ(m_rows.At(2)->Text(1), u"Row 2");
+    // Adds a record with these path, title and album at the index.
+    int Add(std::u16string_view path, std::u16string_view title, std::u16string_view album,
+            int index = -1) {
+        auto record = std::make_unique<TrackRecord>();
+        record->SetField(kFieldPath, path);
+        record->SetField(kFieldTitle, title);
+        record->SetField(kFieldAlbum, album);
+        record->SetField(kFieldArtist, u"Artist");
+        return m_list->AddTrack(std::move(record), index);
+    }
+    std::u16string Albums() const {
+        std::u16string all;
+        for (const auto& record : m_tracks)
+            all += std::u16string(record->Text(kFieldAlbum)) + u"|";
+        return all;
+    }
+    void ClickHeading(int column) {
+        QHeaderView* header = m_list->header();
+        const int x = header->sectionViewportPosition(column) + 5;
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, QPoint(x, 5));
+    }
+
+    TrackList m_tracks;
+    testing::MessageSink m_parent;
+    CTrackListCtrl* m_list = new CTrackListCtrl(m_tracks, &m_parent);
+};
+
+TEST_F(TrackListCtrlTest, FiveColumnsStayConsistentThroughAddsRemovesAndSorts) {
+    m_list->SetUpFiveColumns();
+    QAbstractItemModelTester tester(m_list->model(),
+                                    QAbstractItemModelTester::FailureReportingMode::Fatal);
+    EXPECT_EQ(Add(u"\\Music\\song.one.mp3", u"", u"B"), 0);
+    EXPECT_EQ(Add(u"\\b.mp3", u"Second", u"A", 0), 0);
+    EXPECT_EQ(Add(u"\\c.mp3", u"T3", u"C", 99), 2);
+    // Titles pair with the "File Name" heading, paths with the title's.
+    const QStringList headings = {"File Name", "Title (Song)", "Album", "Artist"};
+    const QStringList second = {"song.one", "\\Music\\song.one.mp3", "B", "Artist"};
+    for (int column = 0; column < 4; ++column) {
+        EXPECT_EQ(m_list->model()->headerData(column, Qt::Horizontal).toString(), headings[column]);
+        EXPECT_EQ(m_list->model()->index(1, column).data().toString(), second[column]);
+    }
+    EXPECT_EQ(m_list->columnWidth(4), (240 - m_list->ScrollBarWidth()) / 5);
+    m_list->SelectOnly(2); // the "C" record
+    testing::SavePicture(m_parent, "track_list_five");
+    m_list->SortTracks(kFieldAlbum, 1);
+    EXPECT_EQ(Albums(), u"A|B|C|");
+    EXPECT_EQ(m_list->SelectedIndexes(), std::vector<int>{2}); // followed its record
+    EXPECT_TRUE(m_list->RemoveTrack(1));
+    EXPECT_FALSE(m_list->RemoveTrack(2));
+    EXPECT_EQ(m_list->RemoveAllTracks(false).size(), 2u);
+    EXPECT_EQ(m_list->model()->rowCount(), 0);
+    EXPECT_EQ(m_list->TrackAt(0), nullptr);
+}
+
+TEST_F(TrackListCtrlTest, OneColumnHasTheLocalHeadingHiddenAndFitsTheWindow) {
+    for (int i = 0; i < 3; ++i)
+        Add(u"\\x.mp3", u"T", u"A");
+    m_list->SetUpOneColumn();
+    EXPECT_EQ(m_list->model()->headerData(0, Qt::Horizontal).toString(), "File Name");
+    EXPECT_TRUE(m_list->isHeaderHidden());
+    EXPECT_EQ(m_list->columnWidth(0), 240);
+    for (int i = 0; i < 100; ++i)
+        Add(u"\\x.mp3", u"T", u"A");
+    m_list->FitColumn();
+    EXPECT_EQ(m_list->columnWidth(0), 240 - m_list->ScrollBarWidth());
+    testing::SavePicture(m_parent, "track_list_one");
+}
+
+TEST_F(TrackListCtrlTest, HeadingClicksSortAToZThenFlipAndAnotherHeadingStartsAgain) {
+    m_list->SetUpFiveColumns();
+    m_parent.show();
+    Add(u"\\2.mp3", u"Tb", u"b");
+    Add(u"\\1.mp3", u"Ta", u"C");
+    Add(u"\\3.mp3", u"Tc", u"a");
+    ClickHeading(2);
+    EXPECT_EQ(Albums(), u"a|b|C|"); // ignoring case, A to Z
+    ClickHeading(2);
+    EXPECT_EQ(Albums(), u"C|b|a|");
+    ClickHeading(0); // field 0: the file name
+    EXPECT_EQ(Albums(), u"C|b|a|");
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
 } // namespace

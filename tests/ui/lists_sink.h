@@ -7,6 +7,8 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWidget>
+#include <gtest/gtest.h>
+#include <string>
 #include <vector>
 
 #include "tests/ui/main_frame_app.h"
@@ -45,6 +47,13 @@ inline void SendMouse(QWidget* target, QEvent::Type type, QPoint point,
     const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
     QMouseEvent event(type, point, target->mapToGlobal(point), button, buttons, Qt::NoModifier);
     QCoreApplication::sendEvent(target, &event);
+}
+
+// Leaves a picture of the widget in the artifacts folder for people to see.
+inline void SavePicture(QWidget& widget, const std::string& name) {
+    QCoreApplication::processEvents();
+    const auto path = ArtifactDir() / (name + ".png");
+    EXPECT_TRUE(widget.grab().save(QString::fromStdString(path.string())));
 }
 
 inline void SendKey(QWidget* target, QEvent::Type type, int key, bool autoRepeat = false) {

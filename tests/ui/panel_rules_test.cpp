@@ -1,6 +1,7 @@
 // The play list panel's delete rule and places, without a window.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -10,41 +11,30 @@
 namespace zelvor {
 namespace {
 
-// Rows named by their first index, with selection flags that move with them.
+// Rows 0-7 named by their first index; a selection goes with the name.
 class FakeRows final : public PanelRows {
 public:
-    FakeRows(int count, const std::vector<int>& selected) {
-        for (int i = 0; i < count; ++i)
-            m_rows.push_back({i, false});
-        for (int i : selected)
-            m_rows[static_cast<std::size_t>(i)].selected = true;
-    }
+    explicit FakeRows(std::vector<int> selected) : m_selected(std::move(selected)) {}
     int SelectedCount() const override {
-        int n = 0;
-        for (const Row& row : m_rows)
-            n += row.selected ? 1 : 0;
-        return n;
+        return static_cast<int>(
+            std::count_if(left.begin(), left.end(), [&](int name) { return Selected(name); }));
     }
     int NextSelected(int after) const override {
-        for (int i = after + 1; i < static_cast<int>(m_rows.size()); ++i)
-            if (m_rows[static_cast<std::size_t>(i)].selected)
+        EXPECT_GE(after, -1); // the first search starts before row 0
+        for (int i = after + 1; i < static_cast<int>(left.size()); ++i)
+            if (Selected(left[static_cast<std::size_t>(i)]))
                 return i;
         return -1;
     }
-    void Remove(int index) override { m_rows.erase(m_rows.begin() + index); }
-    std::vector<int> Left() const {
-        std::vector<int> names;
-        for (const Row& row : m_rows)
-            names.push_back(row.name);
-        return names;
+    void Remove(int index) override { left.erase(left.begin() + index); }
+    bool Selected(int name) const {
+        return std::find(m_selected.begin(), m_selected.end(), name) != m_selected.end();
     }
 
+    std::vector<int> left{0, 1, 2, 3, 4, 5, 6, 7};
+
 private:
-    struct Row {
-        int name;
-        bool selected;
-    };
-    std::vector<Row> m_rows;
+    std::vector<int> m_selected;
 };
 
 struct DeleteCase {
@@ -56,9 +46,9 @@ struct DeleteCase {
 class DeleteSelected : public ::testing::TestWithParam<DeleteCase> {};
 
 TEST_P(DeleteSelected, SkipsTheSelectedRowThatMovesUpIntoTheEmptiedPlace) {
-    FakeRows rows(8, GetParam().selected);
+    FakeRows rows(GetParam().selected);
     const int removed = DeleteSelectedRows(rows);
-    EXPECT_EQ(rows.Left(), GetParam().left);
+    EXPECT_EQ(rows.left, GetParam().left);
     EXPECT_EQ(removed, 8 - static_cast<int>(GetParam().left.size()));
 }
 
@@ -89,12 +79,10 @@ TEST_P(PanelPlaces, ListIsCutToThePaneAndEveryTargetFitsApart) {
     const PixelRect whole{0, 0, pane.width, pane.height};
     const PixelRect about = PanelAboutRect(pane);
     EXPECT_TRUE(whole.Contains(about));
-    EXPECT_GE(about.Width(), 32);
-    EXPECT_GE(about.Height(), 32);
+    EXPECT_GE(std::min(about.Width(), about.Height()), 32);
     for (const ImageButtonPlace& button : PlayListPanelLayout().buttons) {
         EXPECT_TRUE(whole.Contains(button.rect)) << button.command;
-        EXPECT_GE(button.rect.Width(), 32);
-        EXPECT_GE(button.rect.Height(), 32);
+        EXPECT_GE(std::min(button.rect.Width(), button.rect.Height()), 32) << button.command;
         EXPECT_FALSE(about.Intersects(button.rect)) << button.command;
         EXPECT_FALSE(GetParam().list.Intersects(button.rect)) << button.command;
     }
