@@ -29,11 +29,19 @@ std::set<std::u16string> ListNames(DeviceFileSystem& dfs, std::u16string_view pa
     return names;
 }
 
-TEST(DevicePathNormalization, DotsNeverClimbAboveTheRoot) {
-    EXPECT_EQ(DeviceFileSystem::NormalizePath(u"\\..\\..\\Windows"), u"\\Windows");
-    EXPECT_EQ(DeviceFileSystem::NormalizePath(u"\\a\\.\\b\\..\\c\\"), u"\\a\\c");
-    EXPECT_EQ(DeviceFileSystem::NormalizePath(u""), u"\\");
-    EXPECT_EQ(DeviceFileSystem::NormalizePath(u"\\\\x//y"), u"\\x\\y");
+TEST(DevicePaths, DotsNeverClimbAboveTheRootAndWildcardsIgnoreCase) {
+    const std::pair<std::u16string_view, std::u16string_view> paths[] = {
+        {u"\\..\\..\\Windows", u"\\Windows"}, {u"\\a\\.\\b\\..\\c\\", u"\\a\\c"},
+        {u"", u"\\"}, {u"\\\\x//y", u"\\x\\y"}};
+    for (auto [path, normal] : paths)
+        EXPECT_EQ(DeviceFileSystem::NormalizePath(path), normal) << ToUtf8(path);
+    const std::tuple<std::u16string_view, std::u16string_view, bool> matches[] = {
+        {u"Song.MP3", u"*.mp3", true}, {u"anything", u"*.*", true}, {u"a.mp3x", u"*.mp3", false},
+        {u"abc", u"a?c", true},        {u"ac", u"a?c", false}};
+    for (auto [name, pattern, match] : matches)
+        EXPECT_EQ(MatchesWildcard(name, pattern), match) << ToUtf8(name) << " " << ToUtf8(pattern);
+    // No backtracking blow-up.
+    EXPECT_FALSE(MatchesWildcard(std::u16string(2000, u'a'), u"*a*a*a*a*a*a*a*b"));
 }
 
 TEST(DevicePathResolution, IgnoresCaseComponentByComponent) {
@@ -234,16 +242,6 @@ TEST(DeviceReplaceFile, KeepsTheOldFileWhenTheWriteFailsHalfWay) {
     if (hidden) { // the replacement keeps the attributes of the file it replaced
         EXPECT_EQ(dev.Fs().GetAttributes(u"\\Flash Disk\\MusicLib.qdx") & kAttrHidden, kAttrHidden);
     }
-}
-
-TEST(Wildcards, MatchIgnoringCaseWithoutBacktrackingBlowUp) {
-    EXPECT_TRUE(MatchesWildcard(u"Song.MP3", u"*.mp3"));
-    EXPECT_TRUE(MatchesWildcard(u"anything", u"*.*"));
-    EXPECT_FALSE(MatchesWildcard(u"a.mp3x", u"*.mp3"));
-    EXPECT_TRUE(MatchesWildcard(u"abc", u"a?c"));
-    EXPECT_FALSE(MatchesWildcard(u"ac", u"a?c"));
-    std::u16string many(2000, u'a');
-    EXPECT_FALSE(MatchesWildcard(many, u"*a*a*a*a*a*a*a*b"));
 }
 
 } // namespace

@@ -84,24 +84,6 @@ std::optional<Id3v2Probe> ProbeId3v2(ByteView file) {
     return tag;
 }
 
-std::optional<Id3v1Probe> ProbeId3v1(ByteView file) {
-    if (file.size() < 128)
-        return std::nullopt;
-    ByteView tail = file.subspan(file.size() - 128);
-    if (!Matches(tail, 0, "TAG"))
-        return std::nullopt;
-    auto text = [&](std::size_t at, std::size_t width) {
-        return DecodeSingleByte(tail.subspan(at, width));
-    };
-    return Id3v1Probe{text(3, 30),
-                      text(33, 30),
-                      text(63, 30),
-                      text(93, 4),
-                      static_cast<int>(At(tail, 125)),
-                      static_cast<int>(At(tail, 126)),
-                      static_cast<int>(At(tail, 127))};
-}
-
 bool IsAdtsHeader(ByteView file, std::size_t at) {
     return at + 7 <= file.size() && At(file, at) == 0xFF && (At(file, at + 1) & 0xF6) == 0xF0;
 }

@@ -24,14 +24,6 @@ struct Id3v2Probe {
 // "T") decoded by their encoding byte, trailing NULs removed.
 std::optional<Id3v2Probe> ProbeId3v2(ByteView file);
 
-struct Id3v1Probe {
-    std::u16string title, artist, album, year; // through the device code page
-    int zeroByte = 0;                          // offset 125
-    int track = 0;                             // offset 126
-    int genre = 0;                             // offset 127
-};
-std::optional<Id3v1Probe> ProbeId3v1(ByteView file);
-
 // True when an ADTS frame header starts at `at`.
 bool IsAdtsHeader(ByteView file, std::size_t at);
 
