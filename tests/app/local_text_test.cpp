@@ -91,8 +91,13 @@ TEST_F(LocalText, UnitsAfterCrAreSkippedAndStrayLineFeedsBelongToTheField) {
 }
 
 TEST_F(LocalText, AnOddByteCountIgnoresTheLastByte) {
-    dev.WriteFile(kOmbrelPath, Utf16Le(u"Albums\tAlben\r\n", true) + "\x41");
+    const std::string image = Utf16Le(u"Albums\tAlben\r\n", true);
+    dev.WriteFile(kOmbrelPath, image + "\x41");
     EXPECT_EQ(Text(1, kTextAlbums), u"Alben");
+    // The scan on its own: the key column and negative numbers are no language.
+    EXPECT_EQ(FindTranslation(testing::Bytes(image), u"albums", 1), u"Alben");
+    EXPECT_FALSE(FindTranslation(testing::Bytes(image), u"Albums", 0));
+    EXPECT_FALSE(FindTranslation(testing::Bytes(image), u"Albums", -1));
 }
 
 TEST_F(LocalText, OverlongFieldsAreCutAndSurplusFieldsDropped) {

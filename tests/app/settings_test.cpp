@@ -109,57 +109,43 @@ TEST(PathExistsRule, RootWithoutSearchAndTrailingBackslashRemovedInPlace) {
     EXPECT_FALSE(PathExists(empty));
 }
 
-class Fingerprint : public ::testing::Test {
-protected:
-    Fingerprint() : dev(Config()) {
-        auto fixed = std::make_unique<FixedSpaceFileSystem>(dev.Root());
-        fixed->Bind(u"\\Storage Card", card.Path() / "card");
-        space = fixed.get();
-        dev.Get().SetFileSystem(std::move(fixed));
-    }
-    DeviceConfig Config() {
-        DeviceConfig c;
-        c.card = card.Path() / "card";
-        return c;
-    }
-    void InsertCard() { std::filesystem::create_directories(card.Path() / "card"); }
-    void RemoveCard() { std::filesystem::remove_all(card.Path() / "card"); }
-    TempDir card;
-    TestDevice dev;
-    FixedSpaceFileSystem* space = nullptr;
-};
+// A card of its own whose free space the test sets: either half of the
+// 64-bit count differing is a change, a card gone after a record too.
+TEST(Fingerprint, FollowsTheFreeByteCountOfACardOfItsOwn) {
+    TempDir holder;
+    const auto card = holder.Path() / "card";
+    DeviceConfig config;
+    config.card = card;
+    TestDevice dev(config);
+    auto fixed = std::make_unique<FixedSpaceFileSystem>(dev.Root());
+    fixed->Bind(u"\\Storage Card", card);
+    FixedSpaceFileSystem* space = fixed.get();
+    dev.Get().SetFileSystem(std::move(fixed));
+    auto changed = [] { return StorageChanged(kStorageCard, u"\\Storage Card"); };
+    EXPECT_FALSE(changed()); // nothing stored, no card
 
-TEST_F(Fingerprint, NothingStoredAndNoCardIsUnchanged) {
-    EXPECT_FALSE(StorageChanged(kStorageCard, u"\\Storage Card"));
-}
-
-TEST_F(Fingerprint, StoredAndCardGoneIsChanged) {
-    InsertCard();
-    RecordFreeSpace(kStorageCard, u"\\Storage Card");
-    EXPECT_FALSE(StorageChanged(kStorageCard, u"\\Storage Card"));
-    RemoveCard();
-    EXPECT_TRUE(StorageChanged(kStorageCard, u"\\Storage Card"));
-    // Recording with no card stores zero, which then reads as unchanged.
-    RecordFreeSpace(kStorageCard, u"\\Storage Card");
-    EXPECT_EQ(GetProfileNumber(kTextSectionStorageCard, kTextEntryFreeSpaceLow, 1), 0u);
-    EXPECT_FALSE(StorageChanged(kStorageCard, u"\\Storage Card"));
-}
-
-TEST_F(Fingerprint, ADifferentFreeByteCountInEitherHalfIsChanged) {
-    InsertCard();
+    std::filesystem::create_directories(card);
     RecordFreeSpace(kStorageCard, u"\\Storage Card");
     EXPECT_EQ(GetProfileNumber(kTextSectionStorageCard, kTextEntryFreeSpaceHigh, 0), 1u);
     EXPECT_EQ(GetProfileNumber(kTextSectionStorageCard, kTextEntryFreeSpaceLow, 0), 0x23456789u);
+    EXPECT_FALSE(changed());
     space->free ^= 1; // low half differs
-    EXPECT_TRUE(StorageChanged(kStorageCard, u"\\Storage Card"));
+    EXPECT_TRUE(changed());
     space->free = 0x2'2345'6789; // high half differs
-    EXPECT_TRUE(StorageChanged(kStorageCard, u"\\Storage Card"));
+    EXPECT_TRUE(changed());
     space->free = 0x1'2345'6789;
-    EXPECT_FALSE(StorageChanged(kStorageCard, u"\\Storage Card"));
+    EXPECT_FALSE(changed());
     // Each kind keeps its own section: nothing is recorded for the flash disk,
     // whose free bytes are not zero.
     EXPECT_EQ(GetProfileNumber(kTextSectionFlashDisk, kTextEntryFreeSpaceLow, 5), 5u);
     EXPECT_TRUE(StorageChanged(kStorageFlash, u"\\Flash Disk"));
+
+    std::filesystem::remove_all(card);
+    EXPECT_TRUE(changed());
+    // Recording with no card stores zero, which then reads as unchanged.
+    RecordFreeSpace(kStorageCard, u"\\Storage Card");
+    EXPECT_EQ(GetProfileNumber(kTextSectionStorageCard, kTextEntryFreeSpaceLow, 1), 0u);
+    EXPECT_FALSE(changed());
 }
 
 // A card folder that shares the host's file system: its fingerprint follows

@@ -1,11 +1,15 @@
+// The rules that decide whether the program starts, and the order of
+// start-up and end with the windows faked.
 #include <gtest/gtest.h>
 
 #include <set>
+#include <string>
 #include <vector>
 
+#include "app/application.h"
+#include "config/application_values.h"
 #include "config/settings.h"
 #include "app/startup.h"
-#include "config/application_values.h"
 #include "res/window_messages.h"
 #include "platform/text.h"
 #include "tests/support/test_device.h"
@@ -13,33 +17,42 @@
 namespace zelvor {
 namespace {
 
+bool Exists(std::u16string path) {
+    return PathExists(path);
+}
+
 // A scripted outside world: which windows exist, and when Pelrin goes away.
+// Every call lands in `log`, shared with the shell below.
 class FakeEnvironment : public InstanceEnvironment {
 public:
     bool WindowExists(const EndpointAddress& a) override {
-        if (a.name == kTitlePelrin && pelrinLeavesAfterPolls >= 0 && polls >= pelrinLeavesAfterPolls &&
-            asked)
+        log.push_back("find " + ToUtf8(a.name));
+        if (a.name == kTitlePelrin && asked && polls >= pelrinLeavesAfterPolls)
             return false;
         return windows.count(EndpointFileName(a)) > 0;
     }
     void SendMessageTo(const EndpointAddress& a, const WindowMessage& m) override {
+        log.push_back("send " + ToUtf8(a.name));
         sent.push_back({EndpointFileName(a), m});
-        if (a.name == kTitlePelrin && m.message == kMsgRequestClose)
-            asked = true;
+        asked = asked || (a.name == kTitlePelrin && m.message == kMsgRequestClose);
     }
     void Sleep(int ms) override {
         slept += ms;
         ++polls;
     }
-    void RaiseRunningInstance(int w, int h) override { raised.push_back({w, h}); }
-    int ScreenWidth() override { return 240; }
-    int ScreenHeight() override { return 320; }
+    void RaiseRunningInstance(int w, int h) override {
+        log.push_back("raise");
+        raised.push_back({w, h});
+    }
+    int ScreenWidth() override { return width; }
+    int ScreenHeight() override { return height; }
 
+    std::vector<std::string> log;
     std::set<std::string> windows;
-    int pelrinLeavesAfterPolls = -1; // never
+    int pelrinLeavesAfterPolls = 1000; // never
     bool asked = false;
-    int polls = 0;
-    int slept = 0;
+    int polls = 0, slept = 0;
+    int width = 240, height = 320;
     std::vector<std::pair<std::string, WindowMessage>> sent;
     std::vector<std::pair<int, int>> raised;
 };
@@ -62,9 +75,11 @@ TEST(SiblingPlayer, WaitingEndsAsSoonAsItIsGone) {
     EXPECT_TRUE(ApplyInstanceRules(env, u""));
     EXPECT_EQ(env.polls, 3);
     FakeEnvironment none;
+    none.windows = {"class-Mobile%20Navigator%206"}; // no instance: the navigator does not matter
     EXPECT_TRUE(ApplyInstanceRules(none, u""));
     EXPECT_TRUE(none.sent.empty());
     EXPECT_EQ(none.polls, 0);
+    EXPECT_TRUE(none.raised.empty());
 }
 
 struct InstanceCase {
@@ -82,30 +97,17 @@ TEST_P(SecondStart, AlwaysEndsAndRaisesTheFirstUnlessTheNavigatorIsInFront) {
     if (GetParam().navigator)
         env.windows.insert("class-Mobile%20Navigator%206");
     EXPECT_FALSE(ApplyInstanceRules(env, GetParam().commandLine));
-    if (GetParam().raised) {
-        ASSERT_EQ(env.raised.size(), 1u);
-        EXPECT_EQ(env.raised[0], std::make_pair(240, 320));
-    } else {
-        EXPECT_TRUE(env.raised.empty());
-    }
+    using Raised = std::vector<std::pair<int, int>>;
+    EXPECT_EQ(env.raised, (GetParam().raised ? Raised{{240, 320}} : Raised{}));
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Cases, SecondStart,
     ::testing::Values(InstanceCase{"NavigatorEmptyCommandLine", true, u"", false},
                       InstanceCase{"NavigatorStartedUsInCapitals", true, u"NAVIGON", true},
-                      InstanceCase{"NavigatorStartedUs", true, u"navigon", true},
                       InstanceCase{"NavigatorOtherWords", true, u"navigon now", false},
-                      InstanceCase{"NoNavigator", false, u"", true},
                       InstanceCase{"NoNavigatorAnyCommandLine", false, u"whatever", true}),
     [](const auto& testInfo) { return std::string(testInfo.param.name); });
-
-TEST(FirstStart, RunsWhenNoInstanceIsThereWhateverTheNavigatorDoes) {
-    FakeEnvironment env;
-    env.windows = {"class-Mobile%20Navigator%206"};
-    EXPECT_TRUE(ApplyInstanceRules(env, u""));
-    EXPECT_TRUE(env.raised.empty());
-}
 
 TEST(ScreenShape, PortraitOnlyWhenTallerThanWide) {
     EXPECT_EQ(PortraitFlag(240, 320), 1);
@@ -113,13 +115,75 @@ TEST(ScreenShape, PortraitOnlyWhenTallerThanWide) {
     EXPECT_EQ(PortraitFlag(240, 240), 0);
 }
 
-TEST(ProgramFolders, AreCreatedWhenMissingAndLeftAloneWhenPresent) {
+class LoggingShell : public ApplicationShell {
+public:
+    explicit LoggingShell(std::vector<std::string>& log) : m_log(log) {}
+    void SetRegistryKey(std::u16string_view company) override {
+        m_log.push_back("registry key " + ToUtf8(company));
+    }
+    void SelectSkin(std::uint16_t colour) override { m_log.push_back("skin " + std::to_string(colour)); }
+    bool LoadFrame() override {
+        m_log.push_back("load frame, portrait " + std::to_string(AppValues().portrait));
+        m_log.push_back(Exists(GetMusicFolder()) && Exists(GetPlaylistFolder())
+                            ? "folders made"
+                            : "no folders");
+        return frameLoads;
+    }
+    void ShowFrame() override { m_log.push_back("show frame"); }
+    void DestroyFrame() override { m_log.push_back("destroy frame"); }
+    void ReleaseSkin() override { m_log.push_back("release skin"); }
+    bool frameLoads = true;
+
+private:
+    std::vector<std::string>& m_log;
+};
+
+class InitInstance : public ::testing::Test {
+protected:
+    InitInstance() { AppValues() = {}; }
     testing::TestDevice dev;
+    FakeEnvironment env;
+    LoggingShell shell{env.log};
+    CZelvorApp app{env, shell};
+};
+
+TEST_F(InitInstance, RunsItsStepsInOrderAndEndsByReleasingTheSkin) {
+    env.windows = {"title-Pelrin"};
+    env.pelrinLeavesAfterPolls = 1;
+    dev.Registry().SetDword(RegistryRoot::LocalMachine, u"OMBREL", u"Language", 3);
+    dev.Registry().SetDword(RegistryRoot::LocalMachine, u"OMBREL", u"GUI Color", 4);
     dev.WriteFile(u"\\Flash Disk\\Zelvor\\My Playlists\\keep.mpl", "x");
-    CreateProgramFolders();
-    std::u16string music = GetMusicFolder();
-    EXPECT_TRUE(PathExists(music));
+    EXPECT_TRUE(app.InitInstance(u""));
+    EXPECT_EQ(app.ExitInstance(), 0);
+    EXPECT_EQ(env.log, (std::vector<std::string>{
+                           "registry key Quorrel Systems Inc.", "find Pelrin", "send Pelrin",
+                           "find Pelrin", "find Zelvor", "find Mobile Navigator 6", "skin 4",
+                           "load frame, portrait 1", "folders made", "show frame",
+                           "destroy frame", "release skin"}));
+    EXPECT_EQ(AppValues().language, 3);
+    EXPECT_EQ(AppValues().guiColor, 4);
     EXPECT_EQ(dev.ReadFile(u"\\Flash Disk\\Zelvor\\My Playlists\\keep.mpl"), "x");
+}
+
+TEST_F(InitInstance, ALandscapeScreenClearsThePortraitFlag) {
+    env.width = 320;
+    env.height = 240;
+    EXPECT_TRUE(app.InitInstance(u""));
+    EXPECT_EQ(AppValues().portrait, 0);
+}
+
+TEST_F(InitInstance, ARunningInstanceEndsStartUpBeforeAnythingIsBuilt) {
+    env.windows = {"title-Zelvor"};
+    EXPECT_FALSE(app.InitInstance(u""));
+    EXPECT_EQ(env.log.back(), "raise");
+    EXPECT_FALSE(Exists(GetMusicFolder()));
+}
+
+TEST_F(InitInstance, AFrameThatCannotBeMadeEndsStartUpWithoutShowingIt) {
+    shell.frameLoads = false;
+    EXPECT_FALSE(app.InitInstance(u""));
+    EXPECT_EQ(env.log.back(), "destroy frame");
+    EXPECT_EQ(std::count(env.log.begin(), env.log.end(), "show frame"), 0);
 }
 
 } // namespace

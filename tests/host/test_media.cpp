@@ -18,27 +18,20 @@ std::uint32_t Le(const std::vector<unsigned char>& b, std::size_t at, int bytes)
     return value;
 }
 
-struct CodecNames {
-    const char* extension;
-    const char* encoder;
-};
-const CodecNames kCodecs[] = {{".mp3", "libmp3lame"}, {".wma", "wmav2"}, {".aac", "aac"}};
-
-const char* EncoderOf(Codec codec) {
-    return kCodecs[static_cast<int>(codec)].encoder;
-}
+const char* const kExtensions[] = {".mp3", ".wma", ".aac"};
+const char* const kEncoders[] = {"libmp3lame", "wmav2", "aac"};
 
 } // namespace
 
 const char* ExtensionOf(Codec codec) {
-    return kCodecs[static_cast<int>(codec)].extension;
+    return kExtensions[static_cast<int>(codec)];
 }
 
 bool MakeAudioFile(const std::filesystem::path& path, Codec codec, double seconds,
                    const std::string& expression) {
     std::string command = "ffmpeg -nostdin -hide_banner -loglevel error -y -f lavfi -i \"aevalsrc='" +
                           expression + "|" + expression + "':s=44100:d=" + std::to_string(seconds) +
-                          "\" -c:a " + EncoderOf(codec) + " -b:a 128k '" + path.string() + "'";
+                          "\" -c:a " + kEncoders[static_cast<int>(codec)] + " -b:a 128k '" + path.string() + "'";
     return std::system(command.c_str()) == 0 && std::filesystem::exists(path);
 }
 

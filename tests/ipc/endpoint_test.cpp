@@ -20,22 +20,20 @@ using testing::TempDir;
 
 const EndpointAddress kPelrin{EndpointKind::Title, u"Pelrin"};
 
-// Runs the Qt event loop until the future is ready (the server lives on
-// this thread; the blocking client runs on another).
-template <typename T> T Await(std::future<T>& future) {
+// Runs the Qt event loop (the server lives on this thread) until done()
+// or the time is up.
+template <typename Done> void Spin(Done done, int ms) {
     QElapsedTimer timer;
     timer.start();
-    while (future.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready &&
-           timer.elapsed() < 10000)
+    while (!done() && timer.elapsed() < ms)
         QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-    return future.get();
 }
 
-void SpinFor(int ms) {
-    QElapsedTimer timer;
-    timer.start();
-    while (timer.elapsed() < ms)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+// The result of a blocking client run on another thread.
+template <typename T> T Await(std::future<T>& future) {
+    Spin([&] { return future.wait_for(std::chrono::milliseconds(1)) == std::future_status::ready; },
+         10000);
+    return future.get();
 }
 
 class Endpoints : public ::testing::Test {
@@ -62,7 +60,7 @@ TEST_F(Endpoints, SendWaitsForTheAnswerAndPostDoesNot) {
         return PostToEndpoint(root.Path(), kPelrin, {0x5A4, 0, 0});
     });
     EXPECT_TRUE(Await(posted));
-    SpinFor(100);
+    Spin([] { return false; }, 100);
     ASSERT_EQ(received.size(), 2u);
     EXPECT_EQ(received[0].first, (WindowMessage{0x592, 1, -2}));
     EXPECT_EQ(received[0].second, MessageKind::Send);
@@ -86,7 +84,7 @@ TEST_F(Endpoints, FindingAndSecondListenersAndMissingPeers) {
     EXPECT_TRUE(second.Listen(root.Path(), kPelrin, &error)) << error;
 }
 
-TEST_F(Endpoints, MalformedOversizedAndStalledFramesNeverReachTheHandler) {
+TEST_F(Endpoints, OversizedAndStalledFramesNeverReachTheHandler) {
     Record(1);
     auto dir = PrepareEndpointDirectory(root.Path());
     ASSERT_TRUE(dir);
@@ -106,10 +104,8 @@ TEST_F(Endpoints, MalformedOversizedAndStalledFramesNeverReachTheHandler) {
     };
     auto good = EncodeRequest({MessageKind::Send, {7, 0, 0}});
     QByteArray goodBytes(reinterpret_cast<const char*>(good.data()), good.size());
-    auto garbage = raw(QByteArray(20, 'x'));
     auto oversized = raw(goodBytes + QByteArray(4096, 'y'));
     auto stalled = raw(goodBytes.left(7));
-    EXPECT_TRUE(Await(garbage));
     EXPECT_TRUE(Await(oversized));
     EXPECT_TRUE(Await(stalled));
     EXPECT_TRUE(received.empty());
@@ -131,8 +127,7 @@ TEST_F(Endpoints, APeerOfAnotherUserIsRefused) {
         ::_exit(result ? 1 : 0);
     }
     int status = -1;
-    while (::waitpid(child, &status, WNOHANG) == 0)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    Spin([&] { return ::waitpid(child, &status, WNOHANG) != 0; }, 10000);
     ASSERT_TRUE(WIFEXITED(status));
     EXPECT_EQ(WEXITSTATUS(status), 0);
     EXPECT_TRUE(received.empty());

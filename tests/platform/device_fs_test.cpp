@@ -3,6 +3,7 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <set>
 
 #include <sys/resource.h>
@@ -29,11 +30,22 @@ std::set<std::u16string> ListNames(DeviceFileSystem& dfs, std::u16string_view pa
     return names;
 }
 
-TEST(DevicePathNormalization, DotsNeverClimbAboveTheRoot) {
-    EXPECT_EQ(DeviceFileSystem::NormalizePath(u"\\..\\..\\Windows"), u"\\Windows");
-    EXPECT_EQ(DeviceFileSystem::NormalizePath(u"\\a\\.\\b\\..\\c\\"), u"\\a\\c");
-    EXPECT_EQ(DeviceFileSystem::NormalizePath(u""), u"\\");
-    EXPECT_EQ(DeviceFileSystem::NormalizePath(u"\\\\x//y"), u"\\x\\y");
+TEST(DevicePaths, DotsNeverClimbAboveTheRootAndWildcardsIgnoreCase) {
+    const std::pair<std::u16string_view, std::u16string_view> paths[] = {
+        {u"\\..\\..\\Windows", u"\\Windows"}, {u"\\a\\.\\b\\..\\c\\", u"\\a\\c"},
+        {u"", u"\\"}, {u"\\\\x//y", u"\\x\\y"}};
+    for (auto [path, normal] : paths)
+        EXPECT_EQ(DeviceFileSystem::NormalizePath(path), normal) << ToUtf8(path);
+    EXPECT_EQ(DeviceFolderOf(u"\\Flash Disk\\a.mp3"), u"\\Flash Disk");
+    EXPECT_EQ(DeviceNameOf(u"\\Flash Disk\\a.mp3"), u"a.mp3");
+    EXPECT_EQ(DeviceFolderOf(u"a.mp3"), u"");
+    const std::tuple<std::u16string_view, std::u16string_view, bool> matches[] = {
+        {u"Song.MP3", u"*.mp3", true}, {u"anything", u"*.*", true}, {u"a.mp3x", u"*.mp3", false},
+        {u"abc", u"a?c", true},        {u"ac", u"a?c", false}};
+    for (auto [name, pattern, match] : matches)
+        EXPECT_EQ(MatchesWildcard(name, pattern), match) << ToUtf8(name) << " " << ToUtf8(pattern);
+    // No backtracking blow-up.
+    EXPECT_FALSE(MatchesWildcard(std::u16string(2000, u'a'), u"*a*a*a*a*a*a*a*b"));
 }
 
 TEST(DevicePathResolution, IgnoresCaseComponentByComponent) {
@@ -59,6 +71,7 @@ TEST(DevicePathResolution, RefusesSymlinksThatLeaveTheRoot) {
     EXPECT_FALSE(dev.Fs().ToHostPath(u"\\Storage Card\\escape\\secret.mp3"));
     EXPECT_EQ(dev.Fs().GetAttributes(u"\\Storage Card\\escape\\secret.mp3"), kInvalidAttributes);
     EXPECT_FALSE(dev.Fs().OpenFile(u"\\Storage Card\\escape\\secret.mp3", FileMode::Read));
+    EXPECT_FALSE(dev.Fs().ReplaceFile(u"\\Storage Card\\escape\\secret.mp3", testing::Bytes("y")));
     EXPECT_TRUE(dev.Fs().ToHostPath(u"\\Storage Card\\inside"));
 }
 
@@ -157,6 +170,28 @@ TEST(DeviceAttributes, HiddenAndSystemSurviveAndReadOnlyMapsToPermissions) {
               fs::perms::none);
 }
 
+// Without stored attributes: a file is archive, a folder a folder, at every
+// detail of a listing; only a full look adds read-only from the permissions.
+TEST(DeviceAttributes, DefaultsAtEveryDetailAndReadOnlyFromPermissions) {
+    TestDevice dev;
+    dev.WriteFile(u"\\Flash Disk\\Sub\\x", "");
+    dev.WriteFile(u"\\Flash Disk\\a.mp3", "1");
+    for (auto [detail, file] : {std::pair{FindDetail::Full, kAttrArchive},
+                                {FindDetail::Attributes, kAttrArchive}, {FindDetail::TypeOnly, 0u}}) {
+        std::map<std::u16string, std::uint32_t> seen;
+        FindData data;
+        auto handle = dev.Fs().FindFirst(u"\\Flash Disk\\*.*", data, detail);
+        ASSERT_TRUE(handle);
+        do {
+            seen[data.name] = data.attributes;
+        } while (handle->Next(data));
+        EXPECT_EQ(seen[u"Sub"], kAttrDirectory);
+        EXPECT_EQ(seen[u"a.mp3"], file);
+    }
+    fs::permissions(dev.Host(u"\\Flash Disk\\a.mp3"), fs::perms::owner_write, fs::perm_options::remove);
+    EXPECT_EQ(dev.Fs().GetAttributes(u"\\Flash Disk\\a.mp3"), kAttrArchive | kAttrReadOnly);
+}
+
 TEST(DeviceFileOperations, CreateMoveDeleteAndRefusals) {
     TestDevice dev;
     DeviceFileSystem& dfs = dev.Fs();
@@ -234,16 +269,6 @@ TEST(DeviceReplaceFile, KeepsTheOldFileWhenTheWriteFailsHalfWay) {
     if (hidden) { // the replacement keeps the attributes of the file it replaced
         EXPECT_EQ(dev.Fs().GetAttributes(u"\\Flash Disk\\MusicLib.qdx") & kAttrHidden, kAttrHidden);
     }
-}
-
-TEST(Wildcards, MatchIgnoringCaseWithoutBacktrackingBlowUp) {
-    EXPECT_TRUE(MatchesWildcard(u"Song.MP3", u"*.mp3"));
-    EXPECT_TRUE(MatchesWildcard(u"anything", u"*.*"));
-    EXPECT_FALSE(MatchesWildcard(u"a.mp3x", u"*.mp3"));
-    EXPECT_TRUE(MatchesWildcard(u"abc", u"a?c"));
-    EXPECT_FALSE(MatchesWildcard(u"ac", u"a?c"));
-    std::u16string many(2000, u'a');
-    EXPECT_FALSE(MatchesWildcard(many, u"*a*a*a*a*a*a*a*b"));
 }
 
 } // namespace

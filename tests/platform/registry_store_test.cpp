@@ -37,6 +37,8 @@ TEST(RegistryValues, KeysAndNamesIgnoreCaseAndTypesAreKept) {
     EXPECT_FALSE(reg.QueryDword(HKCU, u"OMBREL", u"Language"));  // other hive
     reg.SetDword(HKLM, u"ombrel", u"LANGUAGE", 0xFFFFFFFF);
     EXPECT_EQ(reg.QueryDword(HKLM, u"OMBREL", u"Language"), 0xFFFFFFFFu);
+    reg.SetDword(HKLM, u"\\Trail\\", u"V", 5); // backslashes around a key are dropped
+    EXPECT_EQ(reg.QueryDword(HKLM, u"Trail", u"V"), 5u);
     ASSERT_TRUE(reg.Flush(HKLM));
 
     RegistryStore again(dir.Path());
@@ -121,6 +123,7 @@ INSTANTIATE_TEST_SUITE_P(
                       std::string("REGEDIT4\n\"Orphan\"=dword:1\n"),
                       std::string("REGEDIT4\n[HKEY_CURRENT_USER\\Wrong hive]\n"),
                       std::string("REGEDIT4\n[HKEY_LOCAL_MACHINE\\OMBREL]\n\"Unterminated=\"x\n"),
+                      std::string("REGEDIT4\n[HKEY_LOCAL_MACHINE\\OMBREL]\n\"Name\"=\"x\"junk\n"),
                       std::string("\xFF\xFE\x00", 3)));
 
 } // namespace

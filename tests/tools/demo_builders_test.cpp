@@ -1,11 +1,15 @@
 // The demo maker's builders on their own: ID3 tags at their limits, the
-// manifest's JSON strings, and the process runner's failure reports.
+// translations file read back by the player's reader, the manifest's JSON
+// strings, and the process runner's failure reports.
 
+#include "config/local_text.h"
+#include "res/string_table.h"
+#include "tags/mpeg/analyse_mp3_file.h"
 #include "tests/support/test_device.h"
 #include "tests/tools/media_probe.h"
-#include "tools/zelvor_demo/demo_catalog.h"
 #include "tools/zelvor_demo/id3_builder.h"
 #include "tools/zelvor_demo/manifest.h"
+#include "tools/zelvor_demo/ombrel_file.h"
 #include "tools/zelvor_demo/process_runner.h"
 
 #include <QJsonDocument>
@@ -21,36 +25,31 @@ TagFields Fields(std::u16string title) {
     return {std::move(title), u"Artist", u"Album", u"Rock", u"1999", 7};
 }
 
+int ByteAt(const demo::Bytes& bytes, std::size_t at) {
+    return std::to_integer<int>(bytes.at(at));
+}
+
 TEST(Id3v2Builder, LongFramesGiveSyncsafeTagSizeAndExactFrameSizes) {
     std::u16string title(300, u'x'); // frame body 302 bytes: needs more than 7 bits
     for (auto build : {&demo::BuildId3v22Tag, &demo::BuildId3v23Tag}) {
         auto tag = build(Fields(title));
-        ASSERT_TRUE(tag);
-        auto probe = ProbeId3v2(*tag);
+        auto probe = ProbeId3v2(tag.value());
         ASSERT_TRUE(probe);
         EXPECT_TRUE(probe->sizeBytesSyncsafe);
         EXPECT_EQ(probe->tagLength, tag->size());
         EXPECT_EQ(probe->texts[probe->version == 2 ? "TT2" : "TIT2"], title);
         EXPECT_EQ(probe->texts[probe->version == 2 ? "TCO" : "TCON"], u"(17)");
     }
-}
-
-TEST(Id3v2Builder, TextOutsideLatin1IsWrittenAsUtf16WithByteOrderMark) {
-    auto tag = demo::BuildId3v22Tag(Fields(u"夜明け Łódź"));
-    ASSERT_TRUE(tag);
-    // First frame: "TT2", 3 size bytes, then the encoding byte and the mark.
-    EXPECT_EQ(std::to_integer<int>((*tag)[16]), 1);
-    EXPECT_EQ(std::to_integer<int>((*tag)[17]), 0xFF);
-    EXPECT_EQ(std::to_integer<int>((*tag)[18]), 0xFE);
-    EXPECT_EQ(ProbeId3v2(*tag)->texts["TT2"], u"夜明け Łódź");
-}
-
-TEST(Id3v2Builder, EmptyValuesLeaveTheirFramesOutAndUnknownGenresStayText) {
-    TagFields fields{u"Only Title", u"", u"", u"Shoegaze", u"", 0};
-    auto probe = ProbeId3v2(*demo::BuildId3v23Tag(fields));
+    // Text outside Latin-1: the first frame's encoding byte 1, then FF FE.
+    auto tag = demo::BuildId3v22Tag(Fields(u"夜明け Łódź")).value();
+    EXPECT_EQ(std::vector<int>({ByteAt(tag, 16), ByteAt(tag, 17), ByteAt(tag, 18)}),
+              std::vector<int>({1, 0xFF, 0xFE}));
+    EXPECT_EQ(ProbeId3v2(tag)->texts["TT2"], u"夜明け Łódź");
+    // Empty values leave their frames out; a genre without number stays text.
+    auto probe = ProbeId3v2(demo::BuildId3v23Tag({u"Only Title", u"", u"", u"Shoegaze", u"", 0}).value());
     ASSERT_TRUE(probe);
-    EXPECT_EQ(probe->texts.size(), 2u);
-    EXPECT_EQ(probe->texts["TCON"], u"Shoegaze");
+    EXPECT_EQ(probe->texts, (std::map<std::string, std::u16string>{{"TIT2", u"Only Title"},
+                                                                   {"TCON", u"Shoegaze"}}));
 }
 
 struct Id3v1Case {
@@ -67,10 +66,11 @@ TEST_P(Id3v1Limits, RefusesWhatDoesNotFitInsteadOfCutting) {
     if (!tag)
         return;
     ASSERT_EQ(tag->size(), demo::kId3v1Size);
-    auto probe = ProbeId3v1(*tag);
-    ASSERT_TRUE(probe);
-    EXPECT_EQ(probe->title, GetParam().fields.title);
-    EXPECT_EQ(probe->track, GetParam().fields.track);
+    Mp3FileInfo read; // by the player's own reader
+    ASSERT_TRUE(ReadMp3Id3v1(read, *tag));
+    EXPECT_EQ(read.title, GetParam().fields.title);
+    EXPECT_EQ(read.track, GetParam().fields.track);
+    EXPECT_EQ(read.genreIndex, GetParam().fields.genre == u"Rock" ? 17 : 255);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -80,15 +80,34 @@ INSTANTIATE_TEST_SUITE_P(
                       Id3v1Case{"Latin1", Fields(u"Crème Brûlée Señal"), true},
                       Id3v1Case{"Polish", Fields(u"Łódź"), false},
                       Id3v1Case{"Euro", Fields(u"5 €"), false}, // differs between 8859-1 and 1252
-                      Id3v1Case{"Track255", {u"t", u"a", u"b", u"Pop", u"2000", 255}, true},
+                      Id3v1Case{"Track255GenreWithoutNumber", {u"t", u"a", u"b", u"Shoegaze", u"2000", 255}, true},
                       Id3v1Case{"Track256", {u"t", u"a", u"b", u"Pop", u"2000", 256}, false},
                       Id3v1Case{"LongYear", {u"t", u"a", u"b", u"Pop", u"20001", 1}, false}),
     [](const auto& testCase) { return std::string(testCase.param.name); });
 
-TEST(Id3v1Builder, GenreWithoutNumberIsWritten255) {
-    auto tag = demo::BuildId3v1Tag({u"t", u"a", u"b", u"Shoegaze", u"", 1});
-    ASSERT_TRUE(tag);
-    EXPECT_EQ(std::to_integer<int>((*tag)[127]), 255);
+// Every text the user sees has its line, read back by the player's own
+// reader with the same placeholders; the profile names have none.
+TEST(OmbrelFile, ThePlayerFindsEveryTranslationAndNoProfileName) {
+    const auto file = demo::BuildOmbrelText().value();
+    auto placeholders = [](std::u16string_view text) {
+        std::u16string found;
+        for (std::size_t at = text.find(u'%'); at != text.npos; at = text.find(u'%', at + 2))
+            found += text.substr(at, 2);
+        return found;
+    };
+    std::size_t translated = 0;
+    for (const auto& t : demo::Translations()) {
+        const std::u16string english(FindBuiltInText(t.id).value());
+        SCOPED_TRACE(t.id);
+        for (auto [language, text] : {std::pair{1, t.german}, {2, t.french}, {3, t.spanish}}) {
+            EXPECT_EQ(FindTranslation(file, english, static_cast<std::int16_t>(language)), text);
+            EXPECT_EQ(placeholders(text), placeholders(english));
+        }
+        ++translated;
+    }
+    for (std::uint16_t profileName : {146, 147, 148, 158, 160, 161, 162, 163})
+        EXPECT_FALSE(FindTranslation(file, FindBuiltInText(profileName).value(), 1)) << profileName;
+    EXPECT_EQ(translated, kLastTextId - kFirstTextId + 1u - 8u);
 }
 
 TEST(ManifestLine, RoundTripsThroughAJsonReader) {
@@ -118,31 +137,24 @@ TEST(ProcessRunner, ReportsTheFirstFailingJobWithItsLastLogLine) {
     TempDir dir;
     auto shell = demo::FindProgram("sh");
     ASSERT_TRUE(shell);
+    EXPECT_FALSE(demo::FindProgram("zelvor-no-such-program"));
     std::vector<demo::ProcessJob> jobs;
     for (const char* script :
          {"exit 0", "echo first; echo 'broken pipe' >&2; exit 3", "exit 4", "exit 0"})
         jobs.push_back(
             {{shell->string(), "-c", script}, dir.Path() / ("job" + std::to_string(jobs.size()))});
+    EXPECT_FALSE(demo::RunProcesses(std::span(jobs).first(1), 1));
     auto failure = demo::RunProcesses(jobs, 2);
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->job, 1u);
     EXPECT_EQ(failure->exitStatus, 3);
     EXPECT_EQ(failure->reason, "broken pipe");
     EXPECT_FALSE(fs::exists(dir.Path() / "job3")); // nothing starts after a failure
-}
-
-TEST(ProcessRunner, MissingProgramAndCleanRuns) {
-    TempDir dir;
-    EXPECT_FALSE(demo::FindProgram("zelvor-no-such-program"));
     demo::ProcessJob missing{{(dir.Path() / "absent").string()}, dir.Path() / "log"};
-    auto failure = demo::RunProcesses(std::span(&missing, 1), 1);
+    failure = demo::RunProcesses(std::span(&missing, 1), 1);
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->exitStatus, -1);
     EXPECT_EQ(failure->reason, "cannot start " + missing.argv[0]);
-    auto shell = demo::FindProgram("sh");
-    ASSERT_TRUE(shell);
-    demo::ProcessJob fine{{shell->string(), "-c", "exit 0"}, dir.Path() / "log2"};
-    EXPECT_FALSE(demo::RunProcesses(std::span(&fine, 1), 1));
 }
 
 } // namespace

@@ -6,7 +6,6 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <map>
-#include <sys/stat.h>
 
 namespace zelvor::testing {
 namespace {
@@ -15,23 +14,18 @@ namespace fs = std::filesystem;
 std::map<std::string, std::string> AllFiles(const fs::path& root) {
     std::map<std::string, std::string> files;
     for (const auto& entry : fs::recursive_directory_iterator(root)) {
-        if (!entry.is_regular_file())
-            continue;
         std::ifstream in(entry.path(), std::ios::binary);
-        files[fs::relative(entry.path(), root).string()] =
-            std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+        if (entry.is_regular_file())
+            files[fs::relative(entry.path(), root).string()] =
+                std::string(std::istreambuf_iterator<char>(in), {});
     }
     return files;
-}
-
-int Lines(const std::string& text) {
-    return static_cast<int>(std::count(text.begin(), text.end(), '\n'));
 }
 
 // A refusal is exit status 1 and one line that names the cause.
 void ExpectOneLineFailure(const ToolRun& run, const std::string& cause) {
     EXPECT_EQ(run.exitStatus, 1);
-    EXPECT_EQ(Lines(run.output), 1) << run.output;
+    EXPECT_EQ(std::count(run.output.begin(), run.output.end(), '\n'), 1) << run.output;
     EXPECT_NE(run.output.find(cause), std::string::npos) << run.output;
 }
 
@@ -42,27 +36,21 @@ TEST(DemoCli, SameBytesOnEveryRunAndForceReplacesAStaleRoot) {
     auto a = AllFiles(demo.rootA), b = AllFiles(demo.rootB);
     EXPECT_FALSE(b.count("Storage Card/Old/stale.mp3"));
     ASSERT_EQ(a.size(), b.size());
-    for (const auto& [path, bytes] : a) {
-        auto other = b.find(path);
-        ASSERT_NE(other, b.end()) << path;
-        EXPECT_TRUE(other->second == bytes) << path << " differs between two runs";
-    }
+    for (const auto& [path, bytes] : a)
+        EXPECT_TRUE(b[path] == bytes) << path << " differs between two runs";
 }
 
 TEST(DemoCli, ExistingRootIsRefusedWithoutForce) {
     const DemoDevice& demo = Demo();
-    ASSERT_EQ(demo.runA.exitStatus, 0) << demo.runA.output;
     auto before = fs::last_write_time(demo.rootA / "demo-manifest.jsonl");
-    ToolRun run = RunDemoTool({"make", "--root", demo.rootA.string()});
-    ExpectOneLineFailure(run, "--force");
+    ExpectOneLineFailure(RunDemoTool({"make", "--root", demo.rootA.string()}), "--force");
     EXPECT_EQ(fs::last_write_time(demo.rootA / "demo-manifest.jsonl"), before);
 }
 
 TEST(DemoCli, ForceRefusesAFolderThatIsNoDeviceRoot) {
     TempDir dir;
     std::ofstream(dir.Path() / "thesis.tex") << "precious";
-    ToolRun run = RunDemoTool({"make", "--root", dir.Path().string(), "--force"});
-    ExpectOneLineFailure(run, "");
+    ExpectOneLineFailure(RunDemoTool({"make", "--root", dir.Path().string(), "--force"}), "");
     EXPECT_TRUE(fs::exists(dir.Path() / "thesis.tex"));
 }
 
@@ -79,8 +67,8 @@ TEST(DemoCli, FailingEncoderIsOneLineAndKeepsTheOldRoot) {
     std::ofstream(bin.Path() / "ffmpeg") << "#!/bin/sh\necho 'Unknown encoder libmp3lame' >&2\nexit 1\n";
     fs::permissions(bin.Path() / "ffmpeg", fs::perms::owner_all);
     fs::path root = out.Path() / "device";
-    fs::create_directories(root / "Storage Card");
     fs::create_directories(root / "Flash Disk");
+    fs::create_directories(root / "Storage Card");
     std::ofstream(root / "Storage Card" / "keep.mp3") << "old";
     ToolRun run = RunDemoTool({"make", "--root", root.string(), "--force"}, bin.Path().string());
     ExpectOneLineFailure(run, "Unknown encoder libmp3lame");
@@ -89,9 +77,8 @@ TEST(DemoCli, FailingEncoderIsOneLineAndKeepsTheOldRoot) {
 
 TEST(DemoCli, BadUsageExitsWithTwo) {
     for (const std::vector<std::string>& args :
-         {std::vector<std::string>{}, {"make"}, {"bake", "--root", "x"}, {"make", "--root"}}) {
+         {std::vector<std::string>{}, {"make"}, {"bake", "--root", "x"}, {"make", "--root"}})
         EXPECT_EQ(RunDemoTool(args).exitStatus, 2);
-    }
 }
 
 } // namespace

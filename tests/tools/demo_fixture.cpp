@@ -1,7 +1,6 @@
 #include "tests/tools/demo_fixture.h"
 
 #include "platform/text.h"
-#include "tools/zelvor_demo/process_runner.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -10,7 +9,8 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
-#include <sstream>
+
+#include <sys/wait.h>
 
 namespace zelvor::testing {
 namespace fs = std::filesystem;
@@ -42,46 +42,29 @@ std::optional<ManifestRow> ToRow(const std::string& line) {
 
 void LoadManifest(DemoDevice& demo) {
     std::ifstream in(demo.rootA / "demo-manifest.jsonl", std::ios::binary);
-    if (!in) {
-        demo.manifestError = "no manifest";
-        return;
-    }
+    demo.manifestError = in ? "" : "no manifest";
     std::string line;
-    int number = 0;
-    while (std::getline(in, line)) {
-        ++number;
+    while (in && std::getline(in, line)) {
         auto row = ToRow(line);
         if (!row) {
-            demo.manifestError = "line " + std::to_string(number) + " is malformed: " + line;
+            demo.manifestError = "malformed line: " + line;
             return;
         }
         demo.manifest.push_back(std::move(*row));
     }
 }
 
-// A stale device root for the --force run: the layout and a file that must go.
-void MakeStaleRoot(const fs::path& root) {
-    fs::create_directories(root / "Storage Card" / "Old");
-    fs::create_directories(root / "Flash Disk");
-    std::ofstream(root / "Storage Card" / "Old" / "stale.mp3") << "stale";
-}
-
 } // namespace
 
 ToolRun RunDemoTool(const std::vector<std::string>& args, const std::optional<std::string>& path) {
-    static TempDir logs;
-    static int counter = 0;
-    demo::ProcessJob job;
-    if (path) {
-        job.argv = {demo::FindProgram("env").value_or("/usr/bin/env").string(), "PATH=" + *path};
-    }
-    job.argv.push_back(ZELVOR_DEMO_TOOL);
-    job.argv.insert(job.argv.end(), args.begin(), args.end());
-    job.log = logs.Path() / ("run-" + std::to_string(++counter) + ".log");
-    auto failure = demo::RunProcesses(std::span(&job, 1), 1);
-    std::ifstream in(job.log);
-    std::string output((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    return {failure ? failure->exitStatus : 0, output};
+    TempDir dir;
+    std::string command = path ? "env PATH='" + *path + "' " ZELVOR_DEMO_TOOL : ZELVOR_DEMO_TOOL;
+    for (const std::string& arg : args)
+        command += " '" + arg + "'";
+    command += " >'" + (dir.Path() / "log").string() + "' 2>&1";
+    const int raw = std::system(command.c_str());
+    std::ifstream in(dir.Path() / "log");
+    return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, std::string(std::istreambuf_iterator<char>(in), {})};
 }
 
 DemoDevice& Demo() {
@@ -95,7 +78,10 @@ DemoDevice& Demo() {
         std::ofstream(made->skins / "ZelvorGreen.rcc", std::ios::binary) << "green skin";
         std::string skins = made->skins.string();
         made->runA = RunDemoTool({"make", "--root", made->rootA.string(), "--skins", skins});
-        MakeStaleRoot(made->rootB);
+        // A stale device root for the --force run: the layout and a file that must go.
+        fs::create_directories(made->rootB / "Storage Card" / "Old");
+        fs::create_directories(made->rootB / "Flash Disk");
+        std::ofstream(made->rootB / "Storage Card" / "Old" / "stale.mp3") << "stale";
         made->runB =
             RunDemoTool({"make", "--skins", skins, "--root", made->rootB.string(), "--force"});
         std::string error;
@@ -111,30 +97,16 @@ DemoDevice& Demo() {
     return *demo;
 }
 
-std::vector<FoundFile> ListFiles(DeviceFileSystem& fs, const std::u16string& folder,
-                                 std::vector<std::u16string>* emptyFolders) {
-    std::vector<FoundFile> files;
-    FindData entry;
-    auto handle = fs.FindFirst(JoinDevicePath(folder, u"*.*"), entry);
-    if (!handle) {
-        if (emptyFolders)
-            emptyFolders->push_back(folder);
-        return files;
+std::vector<std::u16string> ListFiles(const fs::path& hostFolder, const std::u16string& deviceFolder) {
+    std::vector<std::u16string> files;
+    for (const auto& entry : fs::recursive_directory_iterator(hostFolder)) {
+        if (!entry.is_regular_file())
+            continue;
+        std::u16string relative = FromUtf8(fs::relative(entry.path(), hostFolder).string());
+        std::replace(relative.begin(), relative.end(), u'/', u'\\');
+        files.push_back(deviceFolder + u"\\" + relative);
     }
-    do {
-        std::u16string path = JoinDevicePath(folder, entry.name);
-        if (entry.attributes & kAttrDirectory) {
-            auto inner = ListFiles(fs, path, emptyFolders);
-            files.insert(files.end(), inner.begin(), inner.end());
-        } else {
-            files.push_back({path, entry.attributes, entry.size});
-        }
-    } while (handle->Next(entry));
     return files;
-}
-
-std::vector<std::byte> ReadDeviceFile(DeviceFileSystem& fs, std::u16string_view path) {
-    return fs.ReadWholeFile(path).value_or(std::vector<std::byte>{});
 }
 
 } // namespace zelvor::testing

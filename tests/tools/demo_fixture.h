@@ -51,28 +51,28 @@ struct DemoDevice {
 DemoDevice& Demo();
 
 // The base of the cases that look at the demo device: it was made and its
-// manifest read.
+// manifest read; the device is current for the case.
 class DemoTest : public ::testing::Test {
 protected:
     void SetUp() override {
         ASSERT_EQ(Demo().runA.exitStatus, 0) << Demo().runA.output;
         ASSERT_EQ(Demo().manifestError, "");
         ASSERT_FALSE(Demo().manifest.empty());
+        m_scope = std::make_unique<ScopedCurrentDevice>(Dev());
     }
     Device& Dev() { return *Demo().device; }
     DeviceFileSystem& Fs() { return Demo().device->FileSystem(); }
     const std::vector<ManifestRow>& Rows() { return Demo().manifest; }
+    std::vector<std::byte> Read(std::u16string_view path) {
+        return Fs().ReadWholeFile(path).value_or(std::vector<std::byte>{});
+    }
+
+private:
+    std::unique_ptr<ScopedCurrentDevice> m_scope;
 };
 
-// Every file below a device folder, found through FindFirst, with its size.
-struct FoundFile {
-    std::u16string path;
-    std::uint32_t attributes;
-    std::uint64_t size;
-};
-std::vector<FoundFile> ListFiles(DeviceFileSystem& fs, const std::u16string& folder,
-                                 std::vector<std::u16string>* emptyFolders = nullptr);
-
-std::vector<std::byte> ReadDeviceFile(DeviceFileSystem& fs, std::u16string_view path);
+// Every file below a host folder, as the device paths of `deviceFolder`.
+std::vector<std::u16string> ListFiles(const std::filesystem::path& hostFolder,
+                                      const std::u16string& deviceFolder);
 
 } // namespace zelvor::testing

@@ -24,38 +24,7 @@ struct Id3v2Probe {
 // "T") decoded by their encoding byte, trailing NULs removed.
 std::optional<Id3v2Probe> ProbeId3v2(ByteView file);
 
-struct Id3v1Probe {
-    std::u16string title, artist, album, year; // through the device code page
-    int zeroByte = 0;                          // offset 125
-    int track = 0;                             // offset 126
-    int genre = 0;                             // offset 127
-};
-std::optional<Id3v1Probe> ProbeId3v1(ByteView file);
-
-struct MpegProbe {
-    int version = 0; // 1 = MPEG-1, 2 = MPEG-2, 25 = MPEG-2.5
-    int layer = 0;
-    int kbps = 0;
-    int hz = 0;
-    bool mono = false;
-};
-// The first MPEG audio frame header at or after `from`.
-std::optional<MpegProbe> ProbeMpeg(ByteView file, std::size_t from);
-
 // True when an ADTS frame header starts at `at`.
 bool IsAdtsHeader(ByteView file, std::size_t at);
-
-// The ASF header's texts: "Title" and "Author" from the content description,
-// and every string-valued extended content descriptor by its name.
-std::optional<std::map<std::u16string, std::u16string>> ProbeAsfTexts(ByteView file);
-
-struct WaveProbe {
-    int format = 0; // 1 = PCM
-    int channels = 0;
-    int rate = 0;
-    int bits = 0;
-    std::size_t dataBytes = 0;
-};
-std::optional<WaveProbe> ProbeWave(ByteView file);
 
 } // namespace zelvor::testing
