@@ -135,15 +135,10 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(AtTheEnd, RepeatAllWithRandomNeverStartsANewOrderWithTheTrackThatEnded) {
     QueueRig rig({true, kRepeatAll, false, 5});
     rig.Play(kAbc, 0, kPlaying);
-    for (int wraps = 0; wraps < 30;) {
-        bool last = rig.Queue().CurrentIndex() == 2;
-        std::string ended = rig.Current();
+    for (int track = 0; track < 60; ++track) {
+        const std::string ended = rig.Current();
         rig.EndTrack();
-        if (last) {
-            ++wraps;
-            ASSERT_EQ(rig.Queue().CurrentIndex(), 0);
-            ASSERT_NE(rig.Current(), ended) << "wrap " << wraps;
-        }
+        ASSERT_NE(rig.Current(), ended) << track;
     }
 }
 
@@ -282,6 +277,7 @@ TEST(ToggleRandom, ThePlayingTrackHeadsTheNewOrder) {
         rig.Queue().ToggleRandom();
         EXPECT_EQ(rig.Queue().CurrentIndex(), 0);
         EXPECT_EQ(rig.Loaded(), rig.Order().front());
+        EXPECT_EQ(rig.Graphs() - graphs, state == kStopped ? 1 : 0); // reloaded when stopped
         EXPECT_TRUE(rig.HeadHoldsSmallestKey());
         EXPECT_EQ(rig.Queue().CounterText(), // the playlist's own order
                   FromUtf8(std::to_string(rig.Current()[0] - 'a' + 1) + "/5"));
@@ -290,10 +286,7 @@ TEST(ToggleRandom, ThePlayingTrackHeadsTheNewOrder) {
         rig.Queue().ToggleRandom();
         EXPECT_EQ(rig.Order(), own);
         EXPECT_EQ(rig.Engine().State(), state);
-        if (state == kPlaying) {
-            EXPECT_EQ(rig.Current(), current);
-            EXPECT_EQ(rig.Graphs(), graphs);
-        }
+        EXPECT_EQ(rig.Current() == current, state == kPlaying || current == "a");
     }
 }
 
@@ -393,15 +386,17 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(HandOver, WithRandomTheCopyIsInOwnOrderAndTheKeptTrackHeadsTheNewOrder) {
     QueueRig rig({true, kRepeatOff, false, 5});
     const Names own = {"a", "b", "c", "d", "e", "f"};
-    rig.Play(own, 1);
-    const std::string playing = rig.Current();
-    TrackList copy;
-    rig.Queue().CopyEntries(copy);
-    rig.Queue().ReplaceQueueKeepingCurrent(copy);
-    EXPECT_EQ(QueueFileOrder(), own);
-    EXPECT_EQ(rig.Queue().CurrentIndex(), 0);
-    EXPECT_TRUE(rig.HeadHoldsSmallestKey());
-    EXPECT_EQ(rig.Current(), playing);
+    for (int round = 1; round < 6; ++round) {
+        rig.Play(own, round);
+        const std::string playing = rig.Current();
+        TrackList copy;
+        rig.Queue().CopyEntries(copy);
+        rig.Queue().ReplaceQueueKeepingCurrent(copy);
+        EXPECT_EQ(QueueFileOrder(), own);
+        EXPECT_EQ(rig.Queue().CurrentIndex(), 0);
+        EXPECT_TRUE(rig.HeadHoldsSmallestKey());
+        EXPECT_EQ(rig.Current(), playing);
+    }
 }
 
 TEST(PlayerLifetime, SettingsAreReadAtStartAndWrittenAtTheEndWithThePlayingGraphReleased) {
