@@ -17,35 +17,31 @@
 
 namespace zelvor::testing {
 
-class ScriptedQueue : public EngineQueue {
-public:
-    explicit ScriptedQueue(PlaybackEngine& engine) : m_engine(engine) {}
-
+struct ScriptedQueue : EngineQueue {
+    explicit ScriptedQueue(PlaybackEngine& owner) : engine(owner) {}
     int EntryCount() const override { return static_cast<int>(paths.size()); }
     std::u16string CurrentPath() const override {
-        return current >= 0 && current < EntryCount() ? paths[current] : std::u16string();
+        return current < EntryCount() ? paths[current] : std::u16string();
     }
-    int StepTrack(bool forward, bool automatic) override {
-        steps.push_back(forward ? (automatic ? "auto" : "next") : "previous");
-        int n = EntryCount();
-        current = ((forward ? current + 1 : current - 1) % n + n) % n;
-        m_engine.StopAndRelease(true);
-        return m_engine.OpenTrack(paths[current]) ? 1 : -1;
+    // Steps forward only, as the engine does.
+    int StepTrack(bool, bool automatic) override {
+        steps.push_back(automatic ? "auto" : "next");
+        current = (current + 1) % EntryCount();
+        engine.StopAndRelease(true);
+        return engine.OpenTrack(paths[current]) ? 1 : -1;
     }
     void AdvanceAtEnd() override {
         ++advances;
         if (playOnAdvance && current + 1 < EntryCount() && StepTrack(true, true) > 0)
-            m_engine.PlayCommand(true);
+            engine.PlayCommand(true);
     }
 
+    PlaybackEngine& engine;
     std::vector<std::u16string> paths;
     int current = 0;
     std::vector<std::string> steps;
     int advances = 0;
     bool playOnAdvance = false;
-
-private:
-    PlaybackEngine& m_engine;
 };
 
 struct EngineRig {

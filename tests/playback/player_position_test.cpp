@@ -24,10 +24,9 @@ struct PlayingRig : EngineRig {
     }
     std::vector<std::string> Seeks() const {
         std::vector<std::string> seeks;
-        for (const auto& entry : factory.log) {
+        for (const auto& entry : factory.log)
             if (entry.starts_with("seek"))
                 seeks.push_back(entry);
-        }
         return seeks;
     }
 };
@@ -36,214 +35,174 @@ TEST(MediaTimes, ReadsAreWholeSecondsAndSeekTargetsKeepTheirFraction) {
     EXPECT_EQ(WholeSecondsOf(59'999'999), 5.0);
     EXPECT_EQ(WholeSecondsOf(-15'000'000), -1.0); // truncated toward zero
     EXPECT_EQ(MediaTimeOf(2.5), 25'000'000);
-    EXPECT_EQ(MediaTimeOf(0.1), 1'000'000);
-    EXPECT_EQ(MediaTimeOf(123.0), 1'230'000'000);
     EXPECT_EQ(MediaTimeOf(-1.5), -15'000'000);
 }
 
-TEST(ReadingTimes, WithoutAGraphEveryReadIsZeroAndFalse) {
+TEST(ReadingTimes, NeedAGraphAndThePositionIsNotReadWhileStopped) {
     EngineRig rig;
     double seconds = 7;
     EXPECT_FALSE(rig.position.GetDurationSeconds(seconds));
     EXPECT_EQ(seconds, 0);
-    seconds = 7;
-    EXPECT_FALSE(rig.position.GetPositionSeconds(seconds));
-    EXPECT_EQ(seconds, 0);
     EXPECT_FALSE(rig.position.SeekToSeconds(3));
-}
 
-TEST(ReadingTimes, ThePositionIsNotReadWhileStopped) {
-    PlayingRig rig(90 * kSecond, 42 * kSecond + 9'999'999);
-    double seconds = 0;
-    EXPECT_TRUE(rig.position.GetPositionSeconds(seconds));
+    PlayingRig playing(90 * kSecond, 42 * kSecond + 9'999'999);
+    EXPECT_TRUE(playing.position.GetPositionSeconds(seconds));
     EXPECT_EQ(seconds, 42);
-    rig.engine.StopCommand();
-    rig.factory.current->position = 42 * kSecond;
-    EXPECT_FALSE(rig.position.GetPositionSeconds(seconds));
+    playing.engine.StopCommand();
+    playing.factory.current->position = 42 * kSecond;
+    EXPECT_FALSE(playing.position.GetPositionSeconds(seconds));
     EXPECT_EQ(seconds, 0);
-    EXPECT_TRUE(rig.position.GetDurationSeconds(seconds));
+    EXPECT_TRUE(playing.position.GetDurationSeconds(seconds));
     EXPECT_EQ(seconds, 90);
+    EXPECT_TRUE(playing.position.SeekToSeconds(3));
 }
 
-struct SeekStepCase {
-    double duration;
-    double position;
-    bool forward;
-    std::vector<std::string> seeks;
-};
-
-class SeekSteps : public ::testing::TestWithParam<SeekStepCase> {};
-
-TEST_P(SeekSteps, MoveTenSecondsWithinTheTrack) {
-    const SeekStepCase& c = GetParam();
-    PlayingRig rig(MediaTimeOf(c.duration), MediaTimeOf(c.position));
-    rig.position.SeekStep(c.forward);
-    EXPECT_EQ(rig.Seeks(), c.seeks);
+// Ten seconds within the track; nothing within a second of either end.
+TEST(SeekStep, MovesTenSecondsWithinTheTrackWhilePlaying) {
+    const struct {
+        double position;
+        bool forward;
+        std::vector<std::string> seeks;
+    } cases[] = {{59.5, true, {}},  {59, true, {}},  {55, true, {"seek 600000000"}},
+                 {20, true, {"seek 300000000"}}, {0.5, false, {}}, {1.9, false, {}},
+                 {7, false, {"seek 0"}},         {25, false, {"seek 150000000"}}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(::testing::Message() << c.position << (c.forward ? " forward" : " back"));
+        PlayingRig rig(60 * kSecond, MediaTimeOf(c.position));
+        rig.position.SeekStep(c.forward);
+        EXPECT_EQ(rig.Seeks(), c.seeks);
+    }
+    PlayingRig paused(60 * kSecond, 20 * kSecond);
+    paused.engine.TogglePause();
+    paused.position.SeekStep(true);
+    EXPECT_THAT(paused.Seeks(), IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Edges, SeekSteps,
-    ::testing::Values(SeekStepCase{60, 59.5, true, {}},                 // within 1 s of the end
-                      SeekStepCase{60, 59, true, {}},                   // exactly 1 s before it
-                      SeekStepCase{60, 55, true, {"seek 600000000"}},   // lands at the end
-                      SeekStepCase{60, 20, true, {"seek 300000000"}},
-                      SeekStepCase{60, 0.5, false, {}},                 // reads as 0
-                      SeekStepCase{60, 1.9, false, {}},                 // reads as 1
-                      SeekStepCase{60, 7, false, {"seek 0"}},           // lands at the start
-                      SeekStepCase{60, 25, false, {"seek 150000000"}}));
-
-TEST(SeekStep, DoesNothingUnlessPlaying) {
-    PlayingRig rig(60 * kSecond, 20 * kSecond);
-    rig.engine.TogglePause();
-    rig.position.SeekStep(true);
-    EXPECT_THAT(rig.Seeks(), IsEmpty());
+TEST(TimeDisplay, SplitsElapsedOrRemainingSeconds) {
+    const struct {
+        std::int64_t duration, value;
+        bool remaining;
+        TimeDisplay expected;
+    } cases[] = {{59, 30, true, {0, 0, 29}},      {4000, 3725, false, {1, 2, 5}},
+                 {4000, 3599, false, {0, 59, 59}}, {4000, 3600, false, {1, 0, 0}},
+                 {100, 100, true, {0, 0, 0}},      {100, 0, true, {0, 1, 40}}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.value);
+        PlayingRig rig(c.duration * kSecond, 0);
+        if (c.remaining)
+            rig.position.ToggleRemainingTime();
+        rig.position.SetTimeDisplay(c.value, false);
+        EXPECT_EQ(rig.position.Time(), c.expected);
+    }
 }
 
-struct TimeCase {
-    std::int64_t duration;
-    std::int64_t value;
-    bool remaining;
-    TimeDisplay expected;
-};
-
-class TimeDisplays : public ::testing::TestWithParam<TimeCase> {};
-
-TEST_P(TimeDisplays, SplitElapsedOrRemainingSeconds) {
-    const TimeCase& c = GetParam();
-    PlayingRig rig(c.duration * kSecond, 0);
-    if (c.remaining)
-        rig.position.ToggleRemainingTime();
-    rig.position.SetTimeDisplay(c.value, false);
-    EXPECT_EQ(rig.position.Time(), c.expected);
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, TimeDisplays,
-                         ::testing::Values(TimeCase{59, 30, true, {0, 0, 29}},
-                                           TimeCase{4000, 3725, false, {1, 2, 5}},
-                                           TimeCase{4000, 0, false, {0, 0, 0}},
-                                           TimeCase{4000, 3599, false, {0, 59, 59}},
-                                           TimeCase{4000, 3600, false, {1, 0, 0}},
-                                           TimeCase{100, 100, true, {0, 0, 0}},
-                                           TimeCase{100, 0, true, {0, 1, 40}}));
-
-TEST(TimeDisplay, ANegativeValueReadsThePositionAndRepaintIsOptional) {
-    PlayingRig rig(300 * kSecond, 125 * kSecond);
+// The tick moves the thumb by the fraction played and repaints the time;
+// a dragged thumb stays and a captured bar skips everything.
+TEST(UpdatePosition, MovesTheThumbUnlessTheUserHoldsIt) {
+    PlayingRig rig(100 * kSecond, 40 * kSecond);
     rig.view.timeRepaints = 0;
-    rig.position.SetTimeDisplay(-1, false);
-    EXPECT_EQ(rig.position.Time(), (TimeDisplay{0, 2, 5}));
+    rig.position.SetTimeDisplay(-1, false); // a negative value reads the position
+    EXPECT_EQ(rig.position.Time(), (TimeDisplay{0, 0, 40}));
     EXPECT_EQ(rig.view.timeRepaints, 0);
-    rig.position.SetTimeDisplay(-1, true);
-    EXPECT_EQ(rig.view.timeRepaints, 1);
-}
-
-TEST(UpdatePosition, MovesTheThumbByTheFractionPlayed) {
-    PlayingRig rig(100 * kSecond, 50 * kSecond);
+    rig.factory.current->position = 50 * kSecond;
     rig.position.UpdatePosition();
     EXPECT_EQ(rig.position.Bar().thumbX, 26 + 83); // L + (R - L - 4) x 0.5
     EXPECT_EQ(rig.position.Time(), (TimeDisplay{0, 0, 50}));
-}
-
-TEST(UpdatePosition, AZeroDurationLeavesTheThumbAtTheLeftEnd) {
-    PlayingRig rig(0, 50 * kSecond);
-    rig.position.Bar().thumbX = 150;
-    rig.position.UpdatePosition();
-    EXPECT_EQ(rig.position.Bar().thumbX, 26);
-}
-
-TEST(UpdatePosition, ADraggedThumbStaysAndACapturedBarSkipsEverything) {
-    PlayingRig rig(100 * kSecond, 50 * kSecond);
+    EXPECT_EQ(rig.view.timeRepaints, 1);
     rig.position.PressThumb();
     rig.position.DragTo(60);
+    rig.factory.current->position = 70 * kSecond;
     rig.position.UpdatePosition();
     EXPECT_EQ(rig.position.Bar().thumbX, 50);
-    EXPECT_EQ(rig.position.Time(), (TimeDisplay{0, 0, 50}));
+    EXPECT_EQ(rig.position.Time(), (TimeDisplay{0, 1, 10}));
 
     PlayingRig captured(100 * kSecond, 50 * kSecond);
     captured.position.PressBar(150);
-    captured.factory.current->position = 70 * kSecond;
+    EXPECT_TRUE(captured.view.mouseCaptured);
     captured.position.UpdatePosition();
     EXPECT_EQ(captured.position.Bar().thumbX, 140);
     EXPECT_EQ(captured.position.Time(), TimeDisplay{});
+    captured.position.Release(150);
+    EXPECT_FALSE(captured.view.mouseCaptured);
+
+    PlayingRig unknown(0, 50 * kSecond); // no length: the thumb stays at the left end
+    unknown.position.Bar().thumbX = 150;
+    unknown.position.UpdatePosition();
+    EXPECT_EQ(unknown.position.Bar().thumbX, 26);
 }
 
 TEST(SeekBar, ThumbArithmeticKeepsTheFourPixelAsymmetry) {
     SeekBar bar;
     bar.SetGeometry(26, 190, 20, 8);
-    EXPECT_EQ(bar.right, 196);
     EXPECT_EQ(bar.ThumbForMouse(50), 50 - 10 - 8);
     EXPECT_EQ(bar.ThumbForMouse(0), 26);
     EXPECT_EQ(bar.ThumbForMouse(400), 196);
     EXPECT_EQ(bar.FractionForThumb(30), 0.0);
     EXPECT_EQ(bar.FractionForThumb(196), 1.0);
-    EXPECT_DOUBLE_EQ(bar.FractionForThumb(113), 83.0 / 166.0);
-    // A thumb dropped at X comes back 4 pixels to its left.
-    int dropped = 113;
-    EXPECT_EQ(bar.ThumbForFraction(bar.FractionForThumb(dropped)), dropped - 4);
-
+    EXPECT_EQ(bar.ThumbForFraction(bar.FractionForThumb(113)), 113 - 4); // dropped at X: X - 4
     SeekBar narrow;
-    narrow.SetGeometry(26, 22, 20, 0); // bar only 2 pixels wider than the thumb
+    narrow.SetGeometry(26, 22, 20, 0); // only 2 pixels wider than the thumb
     EXPECT_EQ(narrow.FractionForThumb(28), 0.0);
 }
 
+// Dropping the thumb seeks to its fraction; paused, the target shows at once.
 TEST(SeekBar, ReleasingADragSeeksToTheDroppedFraction) {
-    PlayingRig rig(166 * kSecond, 10 * kSecond);
-    rig.position.PressThumb();
-    EXPECT_EQ(rig.position.Bar().drag, kDragActive);
-    rig.position.Release(123); // thumb 113: 83 of 166 pixels
-    EXPECT_THAT(rig.Seeks(), ElementsAre("seek 830000000"));
-    EXPECT_EQ(rig.position.Bar().drag, kDragIdle);
-    EXPECT_EQ(rig.view.erasedRepaints, 1);
-    EXPECT_EQ(rig.view.updates, 1);
-    EXPECT_EQ(rig.position.Time(), TimeDisplay{}); // playing: the timer shows it
+    for (bool paused : {false, true}) {
+        PlayingRig rig(166 * kSecond, 10 * kSecond);
+        if (paused)
+            rig.engine.TogglePause();
+        rig.position.PressThumb();
+        EXPECT_EQ(rig.position.Bar().drag, kDragActive);
+        rig.position.Release(123); // thumb 113: 83 of 166 pixels
+        EXPECT_THAT(rig.Seeks(), ElementsAre("seek 830000000"));
+        EXPECT_EQ(rig.position.Bar().drag, kDragIdle);
+        EXPECT_EQ(rig.view.erasedRepaints, 1);
+        EXPECT_EQ(rig.view.updates, 1);
+        EXPECT_EQ(rig.position.Time(), (paused ? TimeDisplay{0, 1, 23} : TimeDisplay{}));
+    }
+    PlayingRig blocked(166 * kSecond, 10 * kSecond);
+    blocked.position.Bar().drag = kDragBlocked;
+    blocked.position.PressThumb();
+    blocked.position.Release(123);
+    EXPECT_EQ(blocked.position.Bar().drag, kDragBlocked);
+    EXPECT_THAT(blocked.Seeks(), IsEmpty());
 }
 
-TEST(SeekBar, ReleasingWhilePausedShowsTheTargetAtOnce) {
-    PlayingRig rig(166 * kSecond, 10 * kSecond);
-    rig.engine.TogglePause();
-    rig.position.PressThumb();
-    rig.position.Release(123);
-    EXPECT_EQ(rig.position.Time(), (TimeDisplay{0, 1, 23}));
-}
-
-TEST(SeekBar, ABlockedDragIsNotStarted) {
-    PlayingRig rig(166 * kSecond, 10 * kSecond);
-    rig.position.Bar().drag = kDragBlocked;
-    rig.position.PressThumb();
-    rig.position.Release(123);
-    EXPECT_EQ(rig.position.Bar().drag, kDragBlocked);
-    EXPECT_THAT(rig.Seeks(), IsEmpty());
-}
-
-TEST(SeekKeys, AStoppedTrackStartsPlayingAndSeeks) {
-    PlayingRig rig(60 * kSecond, 20 * kSecond);
-    rig.engine.StopCommand();
-    rig.factory.current->position = 0;
-    rig.position.SeekKeyDown(kKeySeekForward);
-    EXPECT_EQ(rig.engine.State(), kPlayStatePlaying);
-    EXPECT_THAT(rig.Seeks(), ElementsAre("seek 0", "seek 100000000"));
-    EXPECT_TRUE(rig.view.TimerRunning(kTimerSeekHold));
-}
-
-TEST(SeekKeys, APausedTrackResumesAndHoldingSeeksEachTick) {
-    PlayingRig rig(60 * kSecond, 30 * kSecond);
-    rig.engine.TogglePause();
-    rig.position.SeekKeyDown(kKeySeekBack);
-    EXPECT_EQ(rig.engine.State(), kPlayStatePlaying);
-    rig.position.SeekHoldTick();
-    rig.position.SeekHoldTick();
-    EXPECT_THAT(rig.Seeks(), ElementsAre("seek 200000000", "seek 100000000", "seek 0"));
-    rig.position.SeekKeyUp();
-    EXPECT_FALSE(rig.view.TimerRunning(kTimerSeekHold));
-    rig.position.SeekHoldTick();
-    EXPECT_EQ(rig.Seeks().size(), 3u);
-}
-
-TEST(SeekKeys, TheHoldTimerIsNotStartedWhileAButtonIsHeld) {
-    PlayingRig rig(60 * kSecond, 30 * kSecond);
-    rig.view.StartTimer(kTimerPressHold, kTimerPeriodMs);
-    rig.position.SeekKeyDown(kKeySeekForward);
-    EXPECT_FALSE(rig.view.TimerRunning(kTimerSeekHold));
-    EXPECT_THAT(rig.Seeks(), ElementsAre("seek 400000000"));
+// A seek key plays a stopped or paused track, seeks, and seeks again on each
+// tick of the hold timer (not started while a button is held) until released.
+TEST(SeekKeys, PlayAndSeekEachTickWhileHeld) {
+    const struct {
+        int key;
+        std::int32_t state;
+        bool buttonHeld;
+        std::vector<std::string> seeks;
+    } cases[] = {{kKeySeekForward, kPlayStateStopped, false, {"seek 100000000", "seek 200000000"}},
+                 {kKeySeekBack, kPlayStatePaused, false, {"seek 200000000", "seek 100000000"}},
+                 {kKeySeekForward, kPlayStatePlaying, true, {"seek 400000000", "seek 500000000"}}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.state);
+        PlayingRig rig(60 * kSecond, 30 * kSecond);
+        if (c.state == kPlayStateStopped)
+            rig.engine.StopCommand(); // rewinds to 0
+        if (c.state == kPlayStatePaused)
+            rig.engine.TogglePause();
+        if (c.buttonHeld)
+            rig.view.StartTimer(kTimerPressHold, kTimerPeriodMs);
+        const auto before = rig.Seeks().size();
+        rig.position.SeekKeyDown(c.key);
+        EXPECT_EQ(rig.engine.State(), kPlayStatePlaying);
+        EXPECT_EQ(rig.view.TimerRunning(kTimerSeekHold), !c.buttonHeld);
+        rig.factory.current->position = MediaTimeOf(c.key == kKeySeekForward ? 10 : 20) +
+                                        (c.buttonHeld ? 30 * kSecond : 0);
+        rig.position.SeekHoldTick();
+        rig.position.SeekKeyUp();
+        EXPECT_EQ(rig.position.HeldKey(), 0);
+        EXPECT_FALSE(rig.view.TimerRunning(kTimerSeekHold));
+        rig.position.SeekHoldTick();
+        auto seeks = rig.Seeks();
+        seeks.erase(seeks.begin(), seeks.begin() + static_cast<long>(before));
+        EXPECT_EQ(seeks, c.seeks);
+    }
 }
 
 } // namespace

@@ -15,31 +15,30 @@ using testing::MplEntry;
 using testing::MplHeader;
 using testing::TestDevice;
 using testing::U16;
-using testing::WideZ;
+using Paths = std::vector<std::u16string>;
+using namespace std::string_literals;
 
 constexpr std::u16string_view kFile = u"\\Flash Disk\\Zelvor\\My Playlists\\Road.mpl";
-constexpr std::u16string_view kMusic = u"\\Flash Disk\\Zelvor\\My Music";
+const std::u16string kMusic = u"\\Flash Disk\\Zelvor\\My Music";
+const std::u16string kLongest = u"\\" + std::u16string(258, u'p'); // 520 bytes with its NUL
+const std::u16string kTooLong = kLongest + u"p";                    // 522 bytes
 
-PlaylistEntryList ListOf(std::initializer_list<std::u16string_view> paths) {
+PlaylistEntryList ListOf(const Paths& paths) {
     PlaylistEntryList list;
-    for (auto p : paths) {
-        auto entry = std::make_unique<PlaylistEntry>();
+    for (const auto& p : paths) {
+        list.Insert(std::make_unique<PlaylistEntry>());
         if (!p.empty())
-            entry->SetText(1, p);
-        list.Insert(std::move(entry));
+            list.At(-1)->SetText(1, p);
     }
     return list;
 }
 
-std::vector<std::u16string> PathsOf(const PlaylistEntryList& list) {
-    std::vector<std::u16string> out;
+Paths PathsOf(const PlaylistEntryList& list) {
+    Paths out;
     for (const auto& e : list)
         out.emplace_back(e->Text(1));
     return out;
 }
-
-using Paths = std::vector<std::u16string>;
-using namespace std::string_literals;
 
 class PlaylistFile : public ::testing::Test {
 protected:
@@ -47,58 +46,78 @@ protected:
     TestDevice device;
 };
 
-TEST_F(PlaylistFile, SavesTheFormatByteForByteAndLoadsItBack) {
-    auto list = ListOf({u"\\Storage Card\\a.mp3", u"\\Flash Disk\\ü b.wma"});
-    ASSERT_EQ(SavePlaylist(kFile, list), 1);
-    EXPECT_EQ(device.ReadFile(kFile),
-              MplHeader(2) + MplEntry(u"\\Storage Card\\a.mp3") + MplEntry(u"\\Flash Disk\\ü b.wma"));
+struct WriteCase {
+    const char* name;
+    Paths list;
+    std::string bytes;
+    Paths loaded; // what loading the file gives
+};
+struct LoadCase {
+    const char* name;
+    std::string bytes;
+    Paths loaded;
+};
+template <class Case> std::string CaseName(const ::testing::TestParamInfo<Case>& info) {
+    return info.param.name;
+}
+
+class WrittenFiles : public PlaylistFile, public ::testing::WithParamInterface<WriteCase> {};
+class CraftedFiles : public PlaylistFile, public ::testing::WithParamInterface<LoadCase> {};
+
+TEST_P(WrittenFiles, AreByteForByteAndLoadBack) {
+    ASSERT_EQ(SavePlaylist(kFile, ListOf(GetParam().list)), 1);
+    EXPECT_EQ(device.ReadFile(kFile), GetParam().bytes);
     PlaylistEntryList loaded = ListOf({u"\\old"});
     ASSERT_EQ(LoadPlaylist(kFile, loaded), 1);
-    EXPECT_EQ(PathsOf(loaded), (Paths{u"\\Storage Card\\a.mp3", u"\\Flash Disk\\ü b.wma"}));
-    EXPECT_EQ(loaded.At(0)->LibraryIndex(), -1);
+    EXPECT_EQ(PathsOf(loaded), GetParam().loaded);
 }
 
-TEST_F(PlaylistFile, EmptyPlaylistIsA48ByteHeader) {
-    ASSERT_EQ(SavePlaylist(kFile, PlaylistEntryList{}), 1);
-    EXPECT_EQ(device.ReadFile(kFile), MplHeader(0));
-    EXPECT_EQ(device.ReadFile(kFile).size(), 48u);
-    PlaylistEntryList loaded = ListOf({u"\\x"});
-    EXPECT_EQ(LoadPlaylist(kFile, loaded), 1);
-    EXPECT_EQ(loaded.Count(), 0);
-}
-
-TEST_F(PlaylistFile, EmptyEntriesAreSkippedButStillCounted) {
-    auto list = ListOf({u"\\a.mp3", u"", u"\\c.mp3"});
-    ASSERT_EQ(SavePlaylist(kFile, list), 1);
-    EXPECT_EQ(device.ReadFile(kFile), MplHeader(3) + MplEntry(u"\\a.mp3") + MplEntry(u"\\c.mp3"));
-    PlaylistEntryList loaded;
+TEST_P(CraftedFiles, LoadWhatCanBeTrusted) {
+    device.WriteFile(kFile, GetParam().bytes);
+    PlaylistEntryList loaded = ListOf({u"\\old"});
     ASSERT_EQ(LoadPlaylist(kFile, loaded), 1);
-    EXPECT_EQ(PathsOf(loaded), (Paths{u"\\a.mp3", u"\\c.mp3"}));
+    EXPECT_EQ(PathsOf(loaded), GetParam().loaded);
 }
 
-TEST_F(PlaylistFile, RelativePathsAreInTheMusicFolder) {
-    device.WriteFile(kFile, MplHeader(2) + MplEntry(u"Album\\track.mp3") + MplEntry(u"x.aac"));
-    PlaylistEntryList loaded;
-    ASSERT_EQ(LoadPlaylist(kFile, loaded), 1);
-    EXPECT_EQ(PathsOf(loaded), (Paths{std::u16string(kMusic) + u"\\Album\\track.mp3",
-                                      std::u16string(kMusic) + u"\\x.aac"}));
-}
+const std::u16string kA = u"\\Storage Card\\a.mp3", kB = u"\\Flash Disk\\ü b.wma";
+INSTANTIATE_TEST_SUITE_P(
+    Lists, WrittenFiles,
+    ::testing::Values(
+        WriteCase{"TwoPaths", {kA, kB}, MplHeader(2) + MplEntry(kA) + MplEntry(kB), {kA, kB}},
+        WriteCase{"EmptyIsTheHeaderAlone", {}, MplHeader(0), {}},
+        // Counted, yet not written: the reader meets the end early.
+        WriteCase{"EmptyPathsLeftOutButCounted", {kA, u"", kB},
+                  MplHeader(3) + MplEntry(kA) + MplEntry(kB), {kA, kB}},
+        // 260 characters are written, though the reader passes over them.
+        WriteCase{"PathsOfUpTo260Characters", {kTooLong + u"p", kTooLong},
+                  MplHeader(2) + MplEntry(kTooLong), {}}),
+    CaseName<WriteCase>);
 
-TEST_F(PlaylistFile, MissingFileGivesZeroAndEmptiesTheList) {
+INSTANTIATE_TEST_SUITE_P(
+    Files, CraftedFiles,
+    ::testing::Values(
+        LoadCase{"RelativePathsAreInTheMusicFolder",
+                 MplHeader(2) + MplEntry(u"Album\\track.mp3") + MplEntry(u"x.aac"),
+                 {kMusic + u"\\Album\\track.mp3", kMusic + u"\\x.aac"}},
+        LoadCase{"WrongMagic",
+                 testing::WideZ(u"zlv10") + testing::U32(1) + testing::Zeros(32) + MplEntry(kA), {}},
+        LoadCase{"NegativeCount", MplHeader(-1) + MplEntry(kA), {}},
+        LoadCase{"OverlongEntryIsPassedOver",
+                 MplHeader(3) + MplEntry(kA) + MplEntry(kTooLong) + MplEntry(kB), {kA, kB}},
+        LoadCase{"LongestPath", MplHeader(1) + MplEntry(kLongest), {kLongest}},
+        LoadCase{"OddLengthEndsTheLoad",
+                 MplHeader(3) + MplEntry(kA) + U16(5) + "\\\0b\0\0"s + MplEntry(kB), {kA}},
+        // A path filling its length without a NUL is taken whole; a NUL
+        // alone, or no bytes, is an entry with an empty path.
+        LoadCase{"PathWithoutNulOrEmpty",
+                 MplHeader(4) + U16(4) + "\\\0x\0"s + U16(2) + U16(0) + U16(0) + MplEntry(kA),
+                 {u"\\x", u"", u"", kA}}),
+    CaseName<LoadCase>);
+
+TEST_F(PlaylistFile, AMissingFileGivesZeroAndAnEmptyList) {
     PlaylistEntryList list = ListOf({u"\\x"});
     EXPECT_EQ(LoadPlaylist(u"\\Flash Disk\\none.mpl", list), 0);
     EXPECT_EQ(list.Count(), 0);
-}
-
-TEST_F(PlaylistFile, WrongMagicOrNegativeCountLoadsNothing) {
-    const std::string entry = MplEntry(u"\\a.mp3");
-    std::string lower = WideZ(u"zlv10") + testing::U32(1) + testing::Zeros(32);
-    for (const std::string& file : {lower + entry, MplHeader(-1) + entry}) {
-        device.WriteFile(kFile, file);
-        PlaylistEntryList list = ListOf({u"\\x"});
-        EXPECT_EQ(LoadPlaylist(kFile, list), 1);
-        EXPECT_EQ(list.Count(), 0);
-    }
 }
 
 TEST_F(PlaylistFile, TruncationAtEveryOffsetKeepsTheWholeEntriesBeforeIt) {
@@ -106,84 +125,44 @@ TEST_F(PlaylistFile, TruncationAtEveryOffsetKeepsTheWholeEntriesBeforeIt) {
                                    MplEntry(u"\\three.mp3")};
     const std::string whole = MplHeader(3) + entries[0] + entries[1] + entries[2];
     for (size_t cut = 0; cut <= whole.size(); ++cut) {
+        SCOPED_TRACE(cut);
         device.WriteFile(kFile, whole.substr(0, cut));
         PlaylistEntryList list;
-        ASSERT_EQ(LoadPlaylist(kFile, list), 1) << cut;
-        size_t complete = 0, end = 48;
-        for (const std::string& e : entries) {
-            end += e.size();
-            complete += end <= cut;
-        }
-        ASSERT_EQ(static_cast<size_t>(list.Count()), complete) << "cut at " << cut;
+        ASSERT_EQ(LoadPlaylist(kFile, list), 1);
+        size_t complete = 0, end = kPlaylistHeaderBytes;
+        for (const std::string& e : entries)
+            complete += (end += e.size()) <= cut;
+        ASSERT_EQ(static_cast<size_t>(list.Count()), complete);
         if (complete > 0) {
             EXPECT_EQ(list.At(0)->Text(1), u"\\one.mp3");
         }
+        auto file = CurrentDevice().FileSystem().OpenFile(kFile, FileMode::Read);
+        EXPECT_EQ(ReadPlaylist(*file, kMusic, list), cut >= kPlaylistHeaderBytes);
     }
 }
 
-TEST_F(PlaylistFile, OverlongEntryIsSkippedAndTheNextOnesLoad) {
-    const std::u16string longPath = u"\\" + std::u16string(260, u'p'); // 522 bytes with its NUL
-    device.WriteFile(kFile, MplHeader(3) + MplEntry(u"\\a") + MplEntry(longPath) + MplEntry(u"\\c"));
-    PlaylistEntryList list;
-    LoadPlaylist(kFile, list);
-    EXPECT_EQ(PathsOf(list), (Paths{u"\\a", u"\\c"}));
+// A sink that takes a number of appends, then refuses.
+struct RefusingSink : ByteSink {
+    int appends = 0;
+    bool Append(std::span<const std::byte>) override { return appends-- > 0; }
+    bool Overwrite(std::uint64_t, std::span<const std::byte>) override { return false; }
+};
 
-    const std::u16string longest = u"\\" + std::u16string(258, u'p'); // exactly 520 bytes
-    device.WriteFile(kFile, MplHeader(1) + MplEntry(longest));
-    LoadPlaylist(kFile, list);
-    EXPECT_EQ(PathsOf(list), (Paths{longest}));
-}
-
-TEST_F(PlaylistFile, OddLengthEndsTheLoad) {
-    device.WriteFile(kFile, MplHeader(3) + MplEntry(u"\\a") + U16(5) + "\\\0b\0\0"s + MplEntry(u"\\c"));
-    PlaylistEntryList list;
-    LoadPlaylist(kFile, list);
-    EXPECT_EQ(PathsOf(list), (Paths{u"\\a"}));
-}
-
-TEST_F(PlaylistFile, PathWithoutNulOrEmptyPathIsHandled) {
-    // A path that fills its length without a NUL is taken whole; an entry of
-    // a NUL alone (or of no bytes) is an entry with an empty path.
-    device.WriteFile(kFile, MplHeader(4) + U16(4) + "\\\0x\0"s + U16(2) + U16(0) + U16(0) +
-                                MplEntry(u"\\d"));
-    PlaylistEntryList list;
-    LoadPlaylist(kFile, list);
-    EXPECT_EQ(PathsOf(list), (Paths{u"\\x", u"", u"", u"\\d"}));
-}
-
-TEST_F(PlaylistFile, WriterKeepsPathsOfUpTo260Characters) {
-    const std::u16string longest = u"\\" + std::u16string(259, u'p');
-    auto list = ListOf({longest + u"p", longest});
-    ASSERT_EQ(SavePlaylist(kFile, list), 1);
-    EXPECT_EQ(device.ReadFile(kFile), MplHeader(2) + MplEntry(longest));
-}
-
-// The count is a signed 16-bit number: the longest list that fits is
-// saved whole, one more entry is refused and the old file stays.
-TEST_F(PlaylistFile, ListTooLongToStoreIsRefusedAndTheOldFileKept) {
-    ASSERT_EQ(SavePlaylist(kFile, ListOf({u"\\keep.mp3"})), 1);
+// A list too long to count (a signed 16-bit number), a refused write or a
+// full disk: the save fails and the old file stays as it was.
+TEST_F(PlaylistFile, AFailedSaveKeepsTheOldFile) {
+    for (int appends : {0, 1}) {
+        RefusingSink refusing;
+        refusing.appends = appends;
+        EXPECT_FALSE(WritePlaylist(ListOf({kA, kB}), refusing)) << appends;
+    }
+    ASSERT_EQ(SavePlaylist(kFile, ListOf({kA})), 1);
     const std::string before = device.ReadFile(kFile);
-    PlaylistEntryList list;
-    for (int i = 0; i < kMaxPlaylistEntries + 1; ++i)
-        list.Insert(std::make_unique<PlaylistEntry>(u"\\a"));
+    PlaylistEntryList list = ListOf(Paths(kMaxPlaylistEntries + 1, u"\\a"));
     MemorySink sink;
     EXPECT_FALSE(WritePlaylist(list, sink));
     EXPECT_EQ(SavePlaylist(kFile, list), 0);
     EXPECT_EQ(device.ReadFile(kFile), before);
-
-    list.Remove(list.At(0));
-    ASSERT_EQ(SavePlaylist(kFile, list), 1);
-    PlaylistEntryList loaded;
-    ASSERT_EQ(LoadPlaylist(kFile, loaded), 1);
-    EXPECT_EQ(loaded.Count(), kMaxPlaylistEntries);
-}
-
-TEST_F(PlaylistFile, FailedSaveLeavesThePreviousFileIntact) {
-    ASSERT_EQ(SavePlaylist(kFile, ListOf({u"\\keep.mp3"})), 1);
-    const std::string before = device.ReadFile(kFile);
-    PlaylistEntryList bigger;
-    for (int i = 0; i < 100; ++i)
-        bigger.Insert(std::make_unique<PlaylistEntry>(u"\\Storage Card\\Music\\some song.mp3"));
 
     struct rlimit saved {};
     ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &saved), 0);
@@ -191,13 +170,17 @@ TEST_F(PlaylistFile, FailedSaveLeavesThePreviousFileIntact) {
     struct rlimit small = saved;
     small.rlim_cur = 512;
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    int result = SavePlaylist(kFile, bigger);
+    list.Remove(list.At(0)); // the longest list that fits, too big for the disk
+    int result = SavePlaylist(kFile, list);
     setrlimit(RLIMIT_FSIZE, &saved);
     std::signal(SIGXFSZ, oldHandler);
-
     EXPECT_EQ(result, 0);
     EXPECT_EQ(device.ReadFile(kFile), before);
-    EXPECT_EQ(SavePlaylist(u"\\Flash Disk\\missing folder\\x.mpl", bigger), 0);
+    EXPECT_EQ(SavePlaylist(u"\\Flash Disk\\missing folder\\x.mpl", list), 0);
+
+    ASSERT_EQ(SavePlaylist(kFile, list), 1);
+    ASSERT_EQ(LoadPlaylist(kFile, list), 1);
+    EXPECT_EQ(list.Count(), kMaxPlaylistEntries);
 }
 
 } // namespace

@@ -10,84 +10,56 @@ namespace {
 
 using testing::TestDevice;
 
-constexpr std::u16string_view kFolder = u"\\Flash Disk\\Zelvor\\My Playlists\\";
-
-class PlaylistNames : public ::testing::Test {
-protected:
-    void Touch(std::u16string_view name) {
-        device.WriteFile(std::u16string(kFolder) + std::u16string(name), "x");
-    }
+TEST(PlaylistNames, ANewNameTakesTheFirstFreeNumberAndTheFirstWhenAllAreTaken) {
     TestDevice device;
-};
-
-TEST_F(PlaylistNames, NewNameTakesTheFirstFreeNumber) {
+    auto touch = [&](int n) {
+        std::string name = "New Playlist " + std::to_string(n) + ".mpl";
+        device.WriteFile(u"\\Flash Disk\\Zelvor\\My Playlists\\" +
+                             std::u16string(name.begin(), name.end()), "x");
+    };
     EXPECT_EQ(MakeNewPlaylistName(), u"New Playlist 1.mpl"); // the folder does not even exist
-    Touch(u"New Playlist 2.mpl");
+    touch(2);
     EXPECT_EQ(MakeNewPlaylistName(), u"New Playlist 1.mpl");
-    Touch(u"new playlist 1.MPL"); // the device's names ignore case
-    EXPECT_EQ(MakeNewPlaylistName(), u"New Playlist 3.mpl");
-}
-
-TEST_F(PlaylistNames, AllTwoHundredTakenFallsBackToTheFirst) {
-    for (int n = 1; n <= 200; ++n) {
-        std::string digits = std::to_string(n);
-        Touch(u"New Playlist " + std::u16string(digits.begin(), digits.end()) + u".mpl");
-    }
+    device.WriteFile(u"\\Flash Disk\\Zelvor\\My Playlists\\new playlist 1.MPL", "x");
+    EXPECT_EQ(MakeNewPlaylistName(), u"New Playlist 3.mpl"); // names ignore case
+    for (int n = 3; n < 200; ++n)
+        touch(n);
+    EXPECT_EQ(MakeNewPlaylistName(), u"New Playlist 200.mpl");
+    touch(200);
     EXPECT_EQ(MakeNewPlaylistName(), u"New Playlist 1.mpl");
 }
 
-TEST_F(PlaylistNames, FixedFiles) {
+TEST(PlaylistNames, FixedFilesFollowTheProgramDirectory) {
+    TestDevice device;
     EXPECT_EQ(GetFavoritesPath(0), u"\\Flash Disk\\Zelvor\\My Playlists\\My Favorites 1.mpl");
-    EXPECT_EQ(GetFavoritesPath(4), u"\\Flash Disk\\Zelvor\\My Playlists\\My Favorites 5.mpl");
     EXPECT_EQ(GetCurrentPlaylistPath(), u"\\Flash Disk\\Zelvor\\~Playlist.qdx");
-}
-
-TEST_F(PlaylistNames, FollowTheProgramDirectory) {
     TestDevice other(DeviceConfig{.programDirectory = u"\\Apps\\Player"});
     EXPECT_EQ(GetCurrentPlaylistPath(), u"\\Apps\\Player\\~Playlist.qdx");
-    EXPECT_EQ(GetFavoritesPath(1), u"\\Apps\\Player\\My Playlists\\My Favorites 2.mpl");
+    EXPECT_EQ(GetFavoritesPath(4), u"\\Apps\\Player\\My Playlists\\My Favorites 5.mpl");
 }
 
-std::unique_ptr<TrackRecord> Rec(std::u16string_view path, std::u16string_view title) {
-    auto r = std::make_unique<TrackRecord>();
-    r->SetField(kFieldPath, path);
-    r->SetField(kFieldTitle, title);
-    return r;
-}
-
-TEST(PlaylistMatch, LinksEntriesToTheFirstRecordWithTheirPathIgnoringCase) {
+// Entries link to the first record with their path, ignoring case; a linked
+// entry shows the record's title, or its file name without extension.
+TEST(PlaylistMatch, LinksEntriesToTheFirstRecordWithTheirPath) {
     TrackList library;
-    library.AddTrack(Rec(u"\\Card\\a.mp3", u"Song A"));
-    library.AddTrack(Rec(u"\\Card\\B.mp3", u""));
-    library.AddTrack(Rec(u"\\card\\A.MP3", u"Later duplicate"));
+    for (auto [path, title] : {std::pair{u"\\Card\\a.mp3", u"Song A"}, {u"\\Card\\B.mp3", u""},
+                               {u"\\card\\A.MP3", u"Later duplicate"}, {u"\\x.mp3", u"X"}}) {
+        auto record = std::make_unique<TrackRecord>();
+        record->SetField(kFieldPath, path);
+        record->SetField(kFieldTitle, title);
+        library.AddTrack(std::move(record));
+    }
     PlaylistEntryList list;
-    for (auto p : {u"\\CARD\\A.mp3", u"\\Card\\missing.mp3", u"\\card\\b.mp3", u"\\Card\\a.mp3"})
+    for (auto p : {u"\\CARD\\A.mp3", u"\\Card\\missing.mp3", u"\\card\\b.mp3", u"\\x.mp3", u"\\Card\\a.mp3"})
         list.Insert(std::make_unique<PlaylistEntry>(p));
+    list.At(3)->SetLibraryIndex(5); // already linked: not compared again
     MatchPlaylistToLibrary(list, library);
-    EXPECT_EQ(list.At(0)->Text(1), u"Song A");
-    EXPECT_EQ(list.At(0)->LibraryIndex(), 0);
-    EXPECT_EQ(list.At(1)->Text(1), u"\\Card\\missing.mp3");
-    EXPECT_EQ(list.At(1)->LibraryIndex(), -1);
-    EXPECT_EQ(list.At(2)->Text(1), u"B"); // no title: the file name without extension
-    EXPECT_EQ(list.At(2)->LibraryIndex(), 1);
-    EXPECT_EQ(list.At(3)->LibraryIndex(), 0);
-}
-
-TEST(PlaylistMatch, LinkedEntriesAreNotComparedAgain) {
-    TrackList library;
-    library.AddTrack(Rec(u"\\x.mp3", u"X"));
-    PlaylistEntryList list;
-    auto linked = std::make_unique<PlaylistEntry>(u"\\x.mp3");
-    linked->SetLibraryIndex(5);
-    list.Insert(std::move(linked));
-    MatchPlaylistToLibrary(list, library);
-    EXPECT_EQ(list.At(0)->Text(1), u"\\x.mp3");
-    EXPECT_EQ(list.At(0)->LibraryIndex(), 5);
-
-    TrackList empty;
-    list.At(0)->SetLibraryIndex(-1);
-    MatchPlaylistToLibrary(list, empty);
-    EXPECT_EQ(list.At(0)->LibraryIndex(), -1);
+    std::vector<std::pair<std::u16string, int>> shown;
+    for (const auto& e : list)
+        shown.emplace_back(e->Text(1), e->LibraryIndex());
+    EXPECT_EQ(shown, (std::vector<std::pair<std::u16string, int>>{
+                         {u"Song A", 0}, {u"\\Card\\missing.mp3", -1}, {u"B", 1}, {u"\\x.mp3", 5},
+                         {u"Song A", 0}}));
 }
 
 } // namespace

@@ -10,6 +10,7 @@ namespace {
 
 using testing::RecordingFeedback;
 using Paths = std::vector<std::u16string>;
+using Texts = std::vector<std::string>;
 
 const std::u16string kFolder = u"\\Flash Disk\\Zelvor\\My Playlists";
 
@@ -52,28 +53,24 @@ protected:
     RecordingFeedback feedback;
 };
 
-TEST_F(PlaylistOperations, RenameRefusesAnExistingNameIgnoringCase) {
+TEST_F(PlaylistOperations, RenameMovesTheFileUnlessTheNameIsTakenOrUnusable) {
     auto rows = Rows({u"Road", u"Morning"});
-    EXPECT_FALSE(FinishRename(rows, 0, u"MORNING", true, feedback));
-    EXPECT_FALSE(FinishRename(rows, 0, u"road", false, feedback)); // its own name: not reported
-    EXPECT_EQ(
-        feedback.messages,
-        std::vector<std::string>{"Rename Failed !\nA playlist named 'MORNING' already exists."});
+    EXPECT_FALSE(FinishRename(rows, 0, u"MORNING", true, feedback)); // names ignore case
+    EXPECT_FALSE(FinishRename(rows, 0, u"road", false, feedback));   // not reported
+    for (std::u16string_view name : {u"", u"a\\b"})
+        EXPECT_FALSE(FinishRename(rows, 0, name, true, feedback));
+    EXPECT_FALSE(FinishRename(rows, 2, u"Nowhere", true, feedback));
+    EXPECT_EQ(feedback.messages, (Texts{"Rename Failed !\nA playlist named 'MORNING' already exists.",
+                                        "Rename Failed !", "Rename Failed !", "Rename Failed !"}));
     EXPECT_EQ(feedback.types[0], kMbOk);
     EXPECT_TRUE(FinishRename(rows, 0, u"Drive", true, feedback));
     EXPECT_EQ(rows[0].name, u"Drive");
     EXPECT_EQ(rows[0].path, InFolder(u"Drive"));
     EXPECT_TRUE(Exists(InFolder(u"Drive")));
     EXPECT_FALSE(Exists(InFolder(u"Road")));
-}
-
-TEST_F(PlaylistOperations, RenameThatCannotMoveReportsTheShortText) {
-    auto rows = Rows({u"Road"});
-    CurrentDevice().FileSystem().DeleteFile(InFolder(u"Road"));
-    for (std::u16string_view name : {u"Gone", u"", u"a\\b"})
-        EXPECT_FALSE(FinishRename(rows, 0, name, true, feedback));
-    EXPECT_FALSE(FinishRename(rows, 1, u"Nowhere", true, feedback));
-    EXPECT_EQ(feedback.messages, std::vector<std::string>(4, "Rename Failed !"));
+    CurrentDevice().FileSystem().DeleteFile(InFolder(u"Drive"));
+    EXPECT_FALSE(FinishRename(rows, 0, u"Gone", true, feedback)); // the move fails
+    EXPECT_EQ(feedback.messages.back(), "Rename Failed !");
 }
 
 TEST_F(PlaylistOperations, DeleteSelectsTheSamePositionOrTheNewLastRow) {
@@ -93,11 +90,9 @@ TEST_F(PlaylistOperations, DeleteSelectsTheSamePositionOrTheNewLastRow) {
     }
     EXPECT_EQ(feedback.messages[0], "'C'\nDo you want to delete this playlist ?");
     EXPECT_EQ(feedback.types[0], kMbYesNo);
-}
 
-TEST_F(PlaylistOperations, DeleteKeepsEverythingOnNo) {
     auto rows = Rows({u"Road"});
-    feedback.answers = {kMbOk};
+    feedback.answers = {kIdCancel};
     EXPECT_FALSE(DeletePlaylist(rows, 0, feedback).deleted);
     EXPECT_TRUE(Exists(InFolder(u"Road")));
     EXPECT_FALSE(DeletePlaylist(rows, 1, feedback).deleted);
@@ -121,7 +116,7 @@ TEST_F(PlaylistOperations, DeleteSongsTakesThemFromTheRowsAndTheFile) {
     EXPECT_EQ(rows.At(0)->ValueC(), 1); // entry 2 moved up to 1
     EXPECT_EQ(rows.At(1)->ValueC(), 0);
     EXPECT_EQ(result.selectRow, 0); // min(2 - 1, 1 - 2 + 1)
-    EXPECT_EQ(feedback.sounds, std::vector<std::string>{"\\Windows\\DeleteSong.wav"});
+    EXPECT_EQ(feedback.sounds, Texts{"\\Windows\\DeleteSong.wav"});
     EXPECT_EQ(feedback.beeps, 2);
     EXPECT_EQ(DeleteSongsFromPlaylist(file, rows, std::vector<int>{1}, feedback).selectRow, 0);
     EXPECT_EQ(DeleteSongsFromPlaylist(file, rows, std::vector<int>{0}, feedback).selectRow, -1);
@@ -133,7 +128,7 @@ TEST_F(PlaylistOperations, AddToNewPlaylistTakesTheFirstFreeNameAndSaysSo) {
     const Paths songs{u"\\Storage Card\\a.mp3", u"\\Storage Card\\b.mp3"};
     EXPECT_EQ(AddToNewPlaylist(songs, feedback), InFolder(u"New Playlist 2"));
     EXPECT_EQ(Read(InFolder(u"New Playlist 2")), songs);
-    EXPECT_EQ(feedback.messages, std::vector<std::string>{"Add to 'New Playlist 2' ."});
+    EXPECT_EQ(feedback.messages, Texts{"Add to 'New Playlist 2' ."});
     EXPECT_EQ(AddToNewPlaylist({}, feedback), u"");
     EXPECT_EQ(feedback.beeps, 1);
 }
@@ -144,7 +139,7 @@ TEST_F(PlaylistOperations, AddingASongTwiceListsItTwice) {
     EXPECT_TRUE(AddToPlaylistFile(file, song, feedback));
     EXPECT_TRUE(AddToPlaylistFile(file, song, feedback));
     EXPECT_EQ(Read(file), (Paths(2, song[0])));
-    EXPECT_EQ(feedback.sounds, std::vector<std::string>(2, "\\Windows\\MyFavorite.wav"));
+    EXPECT_EQ(feedback.sounds, Texts(2, "\\Windows\\MyFavorite.wav"));
     CurrentDevice().FileSystem().CreateDirectory(InFolder(u"Odd")); // unreadable: a folder
     EXPECT_FALSE(AddToPlaylistFile(InFolder(u"Odd"), song, feedback));
     EXPECT_FALSE(AddToPlaylistFile(file, {}, feedback));
@@ -159,8 +154,7 @@ TEST_F(PlaylistOperations, AddingPastTheLongestStorableListBeepsAndKeepsTheFile)
     Write(file, full);
     EXPECT_FALSE(AddToPlaylistFile(file, Paths{u"\\b.mp3"}, feedback));
     EXPECT_EQ(Read(file).size(), full.size());
-    const Paths tooMany(kMaxPlaylistEntries + 1, u"\\c.mp3");
-    EXPECT_EQ(AddToNewPlaylist(tooMany, feedback), u"");
+    EXPECT_EQ(AddToNewPlaylist(Paths(kMaxPlaylistEntries + 1, u"\\c.mp3"), feedback), u"");
     EXPECT_EQ(feedback.beeps, 2);
     EXPECT_TRUE(feedback.sounds.empty());
     EXPECT_TRUE(feedback.messages.empty());
