@@ -28,21 +28,24 @@ AacTrackInfo ReadStream(const std::string& bytes) {
 
 TEST(AdtsHeader, FieldsAndTheSyncPointRule) {
     std::string frame =
-        AdtsFrame({.frameLength = 1024, .samplingIndex = 3, .profile = 2, .channels = 6});
-    auto h = ParseAdtsHeader(AsBytes(frame));
+        AdtsFrame({.frameLength = 4001, .samplingIndex = 3, .profile = 2, .channels = 6});
+    auto h = ParseAdtsHeader(AsBytes(frame.substr(0, 7)));
     ASSERT_TRUE(h);
-    EXPECT_EQ(h->frameLength, 1024u);
+    EXPECT_EQ(h->frameLength, 4001u);
     EXPECT_EQ(h->samplingIndex, 3);
     EXPECT_EQ(h->profile, 2);
     EXPECT_EQ(h->channelConfiguration, 6);
     EXPECT_EQ(h->HeaderLength(), 7u);
-    EXPECT_TRUE(IsAdtsSyncPoint(AsBytes(frame)));
-
+    EXPECT_FALSE(ParseAdtsHeader(AsBytes(frame.substr(0, 6))));
+    // Sync points: frames of at most 1024 bytes, a known rate, layer bits 0.
+    EXPECT_TRUE(IsAdtsSyncPoint(AsBytes(AdtsFrame({.frameLength = 1024}))));
+    EXPECT_TRUE(IsAdtsSyncPoint(AsBytes(AdtsFrame({.protectionAbsent = false}))));
     EXPECT_FALSE(IsAdtsSyncPoint(AsBytes(AdtsFrame({.frameLength = 1025}))));
-    EXPECT_TRUE(ParseAdtsHeader(AsBytes(AdtsFrame({.frameLength = 1025}))).has_value());
     EXPECT_FALSE(IsAdtsSyncPoint(AsBytes(AdtsFrame({.samplingIndex = 12}))));
     std::string layerBits = AdtsFrame({});
     layerBits[1] = '\xFF';
+    EXPECT_FALSE(IsAdtsSyncPoint(AsBytes(layerBits)));
+    layerBits[0] = '\xFE';
     EXPECT_FALSE(IsAdtsSyncPoint(AsBytes(layerBits)));
     // Shorter than its own header: 6 bytes, or 8 with a CRC.
     EXPECT_FALSE(ParseAdtsHeader(AsBytes(AdtsFrame({.frameLength = 6}))));
@@ -51,7 +54,14 @@ TEST(AdtsHeader, FieldsAndTheSyncPointRule) {
     EXPECT_EQ(ParseAdtsHeader(AsBytes(AdtsFrame({.frameLength = 9, .protectionAbsent = false})))
                   ->HeaderLength(),
               9u);
-    EXPECT_FALSE(ParseAdtsHeader(AsBytes(frame.substr(0, 6))));
+    // Rates fall with the index and halve every three steps.
+    EXPECT_EQ(AdtsSampleRate(4), 44100);
+    for (int i = 0; i + 3 < kAdtsSamplingIndexCount; ++i)
+        EXPECT_EQ(AdtsSampleRate(i), 2 * AdtsSampleRate(i + 3)) << i;
+    for (int i = 0; i < 3; ++i)
+        EXPECT_GT(AdtsSampleRate(i), AdtsSampleRate(i + 1)) << i;
+    EXPECT_EQ(AdtsSampleRate(-1), 0);
+    EXPECT_EQ(AdtsSampleRate(kAdtsSamplingIndexCount), 0);
 }
 
 TEST(AdtsDuration, FrameTimeIs1024SamplesIn100NanosecondUnits) {
