@@ -235,6 +235,12 @@ TEST_F(InteractiveUpdate, RunsThreePhasesWithTheirTexts) {
     EXPECT_EQ(view.positions.back(), 6);
 }
 
+TEST_F(InteractiveUpdate, ASearchWithoutSubFoldersStillShowsARangeOfOne) {
+    fs::remove_all(dev.Host(u"\\Storage Card"));
+    EXPECT_TRUE(RunInteractiveUpdate(updater));
+    EXPECT_EQ(view.ranges.front(), (std::pair<int, int>{0, 1}));
+}
+
 TEST_F(InteractiveUpdate, CancelDuringTheSearchAddsNothing) {
     view.cancelPhase = 1;
     view.cancelAtPump = 2;
@@ -257,6 +263,7 @@ TEST_F(InteractiveUpdate, ACancelFromOutsideStopsTheSilentFormToo) {
     EXPECT_EQ(updater.FoundFiles().Count(), 6);
     EXPECT_EQ(updater.Results().Count(), 0); // the add phase did not run
     updater.RequestCancel();
+    EXPECT_TRUE(updater.CancelAsked());
     EXPECT_EQ(UpdateLibrarySilently(updater, 1, u"\\"), 1);
     EXPECT_EQ(updater.FoundFiles().Count(), 0);
 }
