@@ -9,6 +9,7 @@
 #include "library/library_file.h"
 #include "tests/library/format_bytes.h"
 #include "tests/support/test_device.h"
+#include "tags/memory_file.h"
 
 namespace zelvor {
 namespace {
@@ -71,44 +72,24 @@ protected:
     TestDevice device;
 };
 
-TEST_F(LibraryFile, SavesTheFormatByteForByte) {
+TEST_F(LibraryFile, SavesTheFormatByteForByteAndLoadsIt) {
     TrackList list = ListOf({kFirst, kBare, kThird});
+    list.TrackAt(2)->SetField(kFieldRunTimeA, std::int64_t{77}); // never stored
     ASSERT_EQ(SaveTrackList(GetLibraryPath(), list, 0), 1); // in the program directory
-    std::string expected = QdxHeader(3) + QdxRecord(kFirst) + QdxRecord(kBare) + QdxRecord(kThird);
-    EXPECT_EQ(device.ReadFile(kLib), expected);
-    // The bare record: four empty texts take four zero lengths and no bytes.
-    EXPECT_EQ(QdxRecord(kBare).size(), 14 + (kBare.path.size() + 1) * 2 + 4 + 2);
-}
-
-TEST_F(LibraryFile, EmptyListIsAHeaderAloneAndLoadsEmpty) {
-    ASSERT_EQ(SaveTrackList(kLib, TrackList{}, 0), 1);
-    EXPECT_EQ(device.ReadFile(kLib), QdxHeader(0));
-    TrackList loaded = ListOf({kFirst});
-    EXPECT_EQ(LoadTrackList(kLib, loaded), 1);
-    EXPECT_EQ(loaded.Count(), 0);
-}
-
-TEST_F(LibraryFile, LoadsWhatWasWrittenByHand) {
-    device.WriteFile(kLib, QdxHeader(3) + QdxRecord(kFirst) + QdxRecord(kBare) + QdxRecord(kThird));
-    TrackList list = Loaded();
-    ASSERT_EQ(list.Count(), 3);
-    ExpectStored(*list.TrackAt(0), kFirst);
-    ExpectStored(*list.TrackAt(1), kBare);
-    ExpectStored(*list.TrackAt(2), kThird);
-    EXPECT_FALSE(list.TrackAt(1)->HasText(kFieldTitle)); // a zero length stays none
-}
-
-TEST_F(LibraryFile, RoundTripKeepsRecordsAndOrderButNotRunTimeValues) {
-    TrackList list = ListOf({kThird, kFirst, kBare});
-    list.TrackAt(0)->SetField(kFieldRunTimeA, std::int64_t{77});
-    ASSERT_EQ(SaveTrackList(kLib, list, 0), 1);
+    EXPECT_EQ(device.ReadFile(kLib),
+              QdxHeader(3) + QdxRecord(kFirst) + QdxRecord(kBare) + QdxRecord(kThird));
     TrackList loaded = Loaded();
     ASSERT_EQ(loaded.Count(), 3);
-    ExpectStored(*loaded.TrackAt(0), kThird);
-    ExpectStored(*loaded.TrackAt(1), kFirst);
-    ExpectStored(*loaded.TrackAt(2), kBare);
-    EXPECT_EQ(loaded.TrackAt(0)->RunTimeA(), 0u);
-    EXPECT_EQ(loaded.TrackAt(0)->RunTimeB(), -1);
+    ExpectStored(*loaded.TrackAt(0), kFirst);
+    ExpectStored(*loaded.TrackAt(1), kBare);
+    ExpectStored(*loaded.TrackAt(2), kThird);
+    EXPECT_FALSE(loaded.TrackAt(1)->HasText(kFieldTitle)); // a zero length stays none
+    EXPECT_EQ(loaded.TrackAt(2)->RunTimeA(), 0u);
+    // The empty list is a header alone and loads empty.
+    ASSERT_EQ(SaveTrackList(kLib, TrackList{}, 0), 1);
+    EXPECT_EQ(device.ReadFile(kLib), QdxHeader(0));
+    EXPECT_EQ(LoadTrackList(kLib, loaded), 1);
+    EXPECT_EQ(loaded.Count(), 0);
 }
 
 TEST_F(LibraryFile, TextsLongerThan255CharactersAreStoredCut) {
@@ -139,10 +120,13 @@ TEST_F(LibraryFile, RelativePathsJoinTheLibraryFolder) {
     EXPECT_EQ(list.TrackAt(0)->Text(kFieldPath), u"\\z.mp3");
 }
 
-TEST_F(LibraryFile, MissingFileGivesZeroAndAnEmptyList) {
+TEST_F(LibraryFile, MissingOrShortFilesGiveAnEmptyList) {
     TrackList list = ListOf({kFirst});
     EXPECT_EQ(LoadTrackList(u"\\Nowhere\\MusicLib.qdx", list), 0);
     EXPECT_EQ(list.Count(), 0);
+    std::string shortHeader = QdxHeader(0).substr(0, 55);
+    MemoryFile file(std::as_bytes(std::span(shortHeader)));
+    EXPECT_FALSE(ReadTrackList(file, u"\\", list));
 }
 
 TEST_F(LibraryFile, WrongMagicLoadsNothingButCountsAsRead) {
@@ -199,56 +183,59 @@ TEST_F(LibraryFile, TruncationAtEveryOffsetKeepsTheWholeRecordsBeforeIt) {
     }
 }
 
-TEST_F(LibraryFile, ExtraFieldsAreSkippedAndKnownOnesStillRead) {
+// Records written by hand with more, fewer or damaged slots: the last
+// record's path, title, duration and track.
+struct HandWritten {
+    const char* name;
+    std::string bytes;
+    int count;
+    std::u16string_view path, title;
+    std::uint32_t duration;
+    int track;
+};
+
+TEST_F(LibraryFile, HandWrittenRecordsOfOtherShapes) {
     // Nine fields: the two unknown slots carry bytes that must be passed over.
-    std::string record = U16(8) + U16(4) + U16(0) + U16(0) + U16(0) + U16(4) + U16(2) + U16(6) +
-                         U16(0) + WideZ(u"\\a.") + WideZ(u"T") + U32(9) + U16(4) + "extra!";
-    device.WriteFile(kLib, QdxHeader(2, 9) + record + record);
-    TrackList list = Loaded();
-    ASSERT_EQ(list.Count(), 2);
-    EXPECT_EQ(list.TrackAt(1)->Text(kFieldPath), u"\\a.");
-    EXPECT_EQ(list.TrackAt(1)->Text(kFieldTitle), u"T");
-    EXPECT_EQ(list.TrackAt(1)->Duration(), 9u);
-    EXPECT_EQ(list.TrackAt(1)->TrackNumber(), 4);
-}
-
-TEST_F(LibraryFile, FewerFieldsLeaveTheRestEmpty) {
-    std::string record = U16(6) + U16(4) + WideZ(u"\\a") + WideZ(u"T");
-    device.WriteFile(kLib, QdxHeader(1, 2) + record);
-    TrackList list = Loaded();
-    ASSERT_EQ(list.Count(), 1);
-    EXPECT_EQ(list.TrackAt(0)->Text(kFieldTitle), u"T");
-    EXPECT_EQ(list.TrackAt(0)->Duration(), 0u);
-}
-
-TEST_F(LibraryFile, NoFieldsMeansNoRecordsWhateverTheCount) {
-    device.WriteFile(kLib, QdxHeader(0xFFFFFFFF, 0));
-    EXPECT_EQ(Loaded().Count(), 0);
+    const std::string nine = U16(8) + U16(4) + U16(0) + U16(0) + U16(0) + U16(4) + U16(2) +
+                             U16(6) + U16(0) + WideZ(u"\\a.") + WideZ(u"T") + U32(9) + U16(4) +
+                             "extra!";
+    const HandWritten cases[] = {
+        {"extra fields", QdxHeader(2, 9) + nine + nine, 2, u"\\a.", u"T", 9, 4},
+        {"fewer fields", QdxHeader(1, 2) + U16(6) + U16(4) + WideZ(u"\\a") + WideZ(u"T"), 1,
+         u"\\a", u"T", 0, 0},
+        {"no fields", QdxHeader(0xFFFFFFFF, 0), 0, u"", u"", 0, 0},
+        {"short numbers, odd text length",
+         QdxHeader(1) + U16(5) + U16(0) + U16(0) + U16(0) + U16(0) + U16(2) + U16(1) +
+             WideZ(u"\\a").substr(0, 5) + U16(7) + "\x09",
+         1, u"\\a", u"", 0, 0},
+    };
+    for (const HandWritten& c : cases) {
+        SCOPED_TRACE(c.name);
+        device.WriteFile(kLib, c.bytes);
+        TrackList list = Loaded();
+        ASSERT_EQ(list.Count(), c.count);
+        if (c.count == 0)
+            continue;
+        const TrackRecord& r = *list.TrackAt(c.count - 1);
+        EXPECT_EQ(r.Text(kFieldPath), c.path);
+        EXPECT_EQ(r.Text(kFieldTitle), c.title);
+        EXPECT_EQ(r.Duration(), c.duration);
+        EXPECT_EQ(r.TrackNumber(), c.track);
+    }
 }
 
 TEST_F(LibraryFile, OverlongSlotIsIgnoredAndTheFileStaysAligned) {
-    const std::u16string huge(300, u'h'); // 602 bytes: more than any field holds
-    std::string first = U16(6) + U16(static_cast<std::uint16_t>((huge.size() + 1) * 2)) + U16(0) +
-                        U16(0) + U16(0) + U16(4) + U16(2) + WideZ(u"\\a") + WideZ(huge) + U32(5) +
-                        U16(1);
-    device.WriteFile(kLib, QdxHeader(2) + first + QdxRecord(kFirst));
+    // 255 characters and the NUL are the most a slot holds; one more is
+    // passed over.
+    const std::u16string most(255, u'm'), over(256, u'o');
+    device.WriteFile(kLib, QdxHeader(3) + QdxRecord({u"\\a", most, u"", u"", u"", 5, 1}) +
+                               QdxRecord({u"\\b", over, u"", u"", u"", 6, 2}) + QdxRecord(kFirst));
     TrackList list = Loaded();
-    ASSERT_EQ(list.Count(), 2);
-    EXPECT_EQ(list.TrackAt(0)->Text(kFieldPath), u"\\a");
-    EXPECT_FALSE(list.TrackAt(0)->HasText(kFieldTitle));
-    EXPECT_EQ(list.TrackAt(0)->Duration(), 5u);
-    ExpectStored(*list.TrackAt(1), kFirst);
-}
-
-TEST_F(LibraryFile, ShortNumberSlotsAndOddTextLengthsReadNoFurther) {
-    std::string record = U16(5) + U16(0) + U16(0) + U16(0) + U16(0) + U16(2) + U16(1) +
-                         WideZ(u"\\a").substr(0, 5) + U16(7) + "\x09";
-    device.WriteFile(kLib, QdxHeader(1) + record);
-    TrackList list = Loaded();
-    ASSERT_EQ(list.Count(), 1);
-    EXPECT_EQ(list.TrackAt(0)->Text(kFieldPath), u"\\a");
-    EXPECT_EQ(list.TrackAt(0)->Duration(), 0u);
-    EXPECT_EQ(list.TrackAt(0)->TrackNumber(), 0);
+    ASSERT_EQ(list.Count(), 3);
+    EXPECT_EQ(list.TrackAt(0)->Text(kFieldTitle), most);
+    EXPECT_FALSE(list.TrackAt(1)->HasText(kFieldTitle));
+    EXPECT_EQ(list.TrackAt(1)->Duration(), 6u);
+    ExpectStored(*list.TrackAt(2), kFirst);
 }
 
 // A sink that refuses chosen appends, as a full disk refuses a write.

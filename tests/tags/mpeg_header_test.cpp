@@ -5,46 +5,62 @@
 namespace zelvor {
 namespace {
 
-TEST(MpegBitRates, Mpeg2Layer3UsesTheProgramsOwnRow) {
-    const int expected[16] = {0, 8, 16, 24, 32, 64, 80, 56, 64, 128, 160, 112, 128, 256, 320, -1};
-    for (int i = 0; i < 16; ++i) {
-        EXPECT_EQ(MpegBitRate(kMpegVersion2, 3, i), expected[i]) << i;
-        EXPECT_EQ(MpegBitRate(kMpegVersion25, 3, i), expected[i]) << i;
+constexpr int kVersions[] = {kMpegVersionReserved, kMpegVersion25, kMpegVersion2, kMpegVersion1};
+
+// Properties of every row rather than a copy of it: free format at index 0,
+// -1 at 15, whole bytes per millisecond in between, rising except in the
+// device's own MPEG-2 Layer III row.
+TEST(MpegBitRates, EveryRowIsFreeFormatThenWholeBytesThenBad) {
+    for (int version : kVersions) {
+        for (int layer = 1; layer <= 3; ++layer) {
+            SCOPED_TRACE(::testing::Message() << "version " << version << " layer " << layer);
+            EXPECT_EQ(MpegBitRate(version, layer, 0), 0);
+            EXPECT_EQ(MpegBitRate(version, layer, 15), -1);
+            for (int i = 1, previous = 0; i <= 14; ++i) {
+                const int rate = MpegBitRate(version, layer, i);
+                EXPECT_EQ(rate % 8, 0) << i;
+                if (version == kMpegVersion1 || layer != 3)
+                    EXPECT_GT(rate, previous) << i;
+                previous = rate;
+            }
+        }
+        EXPECT_EQ(MpegBitRate(version, 0, 5), 0);
+        EXPECT_EQ(MpegBitRate(version, 4, 5), 0);
+        EXPECT_EQ(MpegBitRate(version, 3, 16), 0);
     }
+    EXPECT_EQ(MpegBitRate(kMpegVersion1, 1, 14), 448);
+    EXPECT_EQ(MpegBitRate(kMpegVersion1, 2, 14), 384);
+    EXPECT_EQ(MpegBitRate(kMpegVersion1, 3, 9), 128);
+    EXPECT_EQ(MpegBitRate(kMpegVersion2, 1, 14), 256);
+    EXPECT_EQ(MpegBitRate(kMpegVersion25, 2, 14), 160);
+    // The device's MPEG-2 Layer III row leaves the standard's at index 5.
+    EXPECT_EQ(MpegBitRate(kMpegVersion2, 3, 4), 32);
+    EXPECT_EQ(MpegBitRate(kMpegVersion25, 3, 5), 64);
+    EXPECT_EQ(MpegBitRate(kMpegVersion2, 3, 7), 56);
 }
 
-TEST(MpegBitRates, StandardRowsAndTheirEnds) {
-    struct Row {
-        int version, layer;
-        int at5, at14;
-    };
-    for (Row r : {Row{kMpegVersion1, 1, 160, 448}, Row{kMpegVersion1, 2, 80, 384},
-                  Row{kMpegVersion1, 3, 64, 320}, Row{kMpegVersion2, 1, 80, 256},
-                  Row{kMpegVersion25, 2, 40, 160}, Row{kMpegVersionReserved, 2, 40, 160}}) {
-        EXPECT_EQ(MpegBitRate(r.version, r.layer, 0), 0);
-        EXPECT_EQ(MpegBitRate(r.version, r.layer, 5), r.at5);
-        EXPECT_EQ(MpegBitRate(r.version, r.layer, 14), r.at14);
-        EXPECT_EQ(MpegBitRate(r.version, r.layer, 15), -1);
-    }
-}
-
-TEST(MpegSampleRates, ReservedIndexRepeatsTheFirstRate) {
+TEST(MpegSampleRates, HalvedPerVersionAndTheReservedIndexRepeatsTheFirst) {
+    EXPECT_EQ(MpegSampleRate(kMpegVersion1, 0), 44100);
     EXPECT_EQ(MpegSampleRate(kMpegVersion1, 1), 48000);
-    EXPECT_EQ(MpegSampleRate(kMpegVersion1, 3), 44100);
-    EXPECT_EQ(MpegSampleRate(kMpegVersion2, 2), 16000);
-    EXPECT_EQ(MpegSampleRate(kMpegVersion2, 3), 22050);
-    EXPECT_EQ(MpegSampleRate(kMpegVersion25, 3), 11025);
+    EXPECT_EQ(MpegSampleRate(kMpegVersion1, 2), 32000);
+    for (int i = 0; i <= 3; ++i) {
+        EXPECT_EQ(MpegSampleRate(kMpegVersion1, i), 2 * MpegSampleRate(kMpegVersion2, i)) << i;
+        EXPECT_EQ(MpegSampleRate(kMpegVersion2, i), 2 * MpegSampleRate(kMpegVersion25, i)) << i;
+        EXPECT_EQ(MpegSampleRate(kMpegVersionReserved, i), 0);
+    }
+    for (int version : kVersions)
+        EXPECT_EQ(MpegSampleRate(version, 3), MpegSampleRate(version, 0));
+    EXPECT_EQ(MpegSampleRate(4, 0), 0);
+    EXPECT_EQ(MpegSampleRate(kMpegVersion1, 4), 0);
 }
 
 TEST(MpegHeaderBits, VersionAndLayerCodes) {
-    EXPECT_EQ(MpegVersionOf(0xFFFB0000), kMpegVersion1);
-    EXPECT_EQ(MpegVersionOf(0xFFF30000), kMpegVersion2);
-    EXPECT_EQ(MpegVersionOf(0xFFE30000), kMpegVersion25);
-    EXPECT_EQ(MpegVersionOf(0xFFEB0000), kMpegVersionReserved);
-    EXPECT_EQ(MpegLayerOf(0xFFFB0000), 3);
-    EXPECT_EQ(MpegLayerOf(0xFFFD0000), 2);
-    EXPECT_EQ(MpegLayerOf(0xFFFF0000), 1);
-    EXPECT_EQ(MpegLayerOf(0xFFF90000), 0);
+    const int versions[] = {kMpegVersion25, kMpegVersionReserved, kMpegVersion2, kMpegVersion1};
+    const int layers[] = {0, 3, 2, 1};
+    for (std::uint32_t bits = 0; bits < 4; ++bits) {
+        EXPECT_EQ(MpegVersionOf(0xFFE00000u | bits << 19 | 3u << 17), versions[bits]);
+        EXPECT_EQ(MpegLayerOf(0xFFE00000u | bits << 17 | 3u << 19), layers[bits]);
+    }
     EXPECT_TRUE(IsFrameSync(0xFFE00000));
     EXPECT_FALSE(IsFrameSync(0xFFDFFFFF));
 }
@@ -58,6 +74,7 @@ TEST(MpegFrameLength, Factor144000ForEveryLayerButTheFirst) {
     EXPECT_EQ(MpegFrameLength(3, 0, 44100, 1), 1);   // free format: the padding alone
     EXPECT_EQ(MpegFrameLength(3, -1, 44100, 0), -3); // truncation toward zero
     EXPECT_EQ(MpegFrameLength(1, -1, 44100, 0), 0);
+    EXPECT_EQ(MpegFrameLength(3, 128, 0, 1), 0);
 }
 
 } // namespace
