@@ -9,7 +9,7 @@
 #include "library/library_file.h"
 #include "tests/library/format_bytes.h"
 #include "tests/support/test_device.h"
-#include "tags/memory_file.h"
+#include "bytes/memory_file.h"
 
 namespace zelvor {
 namespace {
