@@ -83,7 +83,8 @@ public:
 // The widget forms, for the frame itself.
 class FakePlayerScreen final : public QWidget, public RecordingPlayer {
 public:
-    explicit FakePlayerScreen(QWidget* parent) : QWidget(parent) {}
+    // Filled, so that pictures of the frame never show unpainted memory.
+    explicit FakePlayerScreen(QWidget* parent) : QWidget(parent) { setAutoFillBackground(true); }
     ~FakePlayerScreen() override {
         if (onDestroy)
             onDestroy();

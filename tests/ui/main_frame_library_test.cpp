@@ -52,40 +52,34 @@ TEST_F(FrameLibraryRules, AMissingLibraryIsRebuiltFromBothStoragesAndFillsTheQue
     EXPECT_FALSE(StorageChanged(kStorageFlash, GetFlashDiskRoot()));
 }
 
-TEST_F(FrameLibraryRules, AUsableLibraryOnUnchangedStorageGoesToAnEmptyQueueWithoutAnUpdate) {
+// A usable library on unchanged storage is loaded under the wait cursor and
+// fills an empty queue; a queue that holds entries is left as it is.
+TEST_F(FrameLibraryRules, AUsableLibraryOnUnchangedStorageIsLoadedWithoutAnUpdate) {
     SaveLibrary({u"\\Flash Disk\\b.mp3", u"\\Flash Disk\\a.mp3"});
     RecordBothFingerprints();
     Handle(kMsgStartupCheck);
     EXPECT_TRUE(window.posted.empty());
     EXPECT_EQ(player.queue, (std::vector<std::string>{"\\Flash Disk\\a.mp3", "\\Flash Disk\\b.mp3"}));
     EXPECT_EQ(rules.Library().Count(), 2);
-    // The library is loaded under the wait cursor.
     EXPECT_EQ(window.calls, (std::vector<std::string>{"wait on", "wait off"}));
-}
-
-TEST_F(FrameLibraryRules, AQueueThatHoldsEntriesIsLeftAsItIs) {
-    SaveLibrary({u"\\Flash Disk\\a.mp3"});
-    RecordBothFingerprints();
-    player.queue = {"\\Flash Disk\\mine.mp3"};
+    player.queue = {"mine.mp3"};
     Handle(kMsgStartupCheck);
-    EXPECT_EQ(player.queue, (std::vector<std::string>{"\\Flash Disk\\mine.mp3"}));
-    EXPECT_EQ(rules.Library().Count(), 1);
+    EXPECT_EQ(player.queue, (std::vector<std::string>{"mine.mp3"}));
 }
 
-TEST_F(FrameLibraryRules, ChangedFreeSpaceAsksForAnUpdateOfWhatChanged) {
+// Changed free space asks for an update of what changed; a file that is not
+// a library is rebuilt.
+TEST_F(FrameLibraryRules, AChangedOrBrokenLibraryAsksForAnUpdate) {
     SaveLibrary({u"\\Flash Disk\\a.mp3"});
     RecordBothFingerprints();
     space->free += 4096;
     Handle(kMsgStartupCheck);
-    EXPECT_EQ(window.posted, (std::vector<WindowMessage>{{kMsgUpdateLibrary, 1, 0}}));
-    EXPECT_FALSE(player.Called("ReplaceQueue"));
-}
-
-TEST_F(FrameLibraryRules, AFileThatIsNotALibraryIsRebuilt) {
+    EXPECT_EQ(window.TakePosted(), (std::vector<WindowMessage>{{kMsgUpdateLibrary, 1, 0}}));
     dev.WriteFile(u"\\Flash Disk\\Zelvor\\MusicLib.qdx", std::string(80, 'x'));
     RecordBothFingerprints();
     Handle(kMsgStartupCheck);
     EXPECT_EQ(window.posted, (std::vector<WindowMessage>{{kMsgUpdateLibrary, 1, 1}}));
+    EXPECT_FALSE(player.Called("ReplaceQueue"));
 }
 
 TEST_F(FrameLibraryRules, AnInsertedCardIsRescannedAloneAndTheFlashRecordsStay) {

@@ -27,6 +27,16 @@ TEST_F(FrameRules, BackKeyClosesThePanelFirstThenLeavesTheBrowserThenEnds) {
     EXPECT_EQ(window.posted[0], (WindowMessage{kMsgClose, 0, 0}));
 }
 
+// What a sender gets back: 0 for every message but a shell status a visible
+// player took.
+TEST_F(FrameRules, SendersGetZeroForTheOtherMessages) {
+    for (std::uint32_t message :
+         {kMsgBackKey, kMsgStorageCard, kMsgLanguageChanged, kMsgColourChanged, kMsgStartupCheck,
+          kMsgUpdateLibrary, kMsgUpdateFinished, kMsgShellToPlayer, kMsgSize, kMsgActivate,
+          kMsgSetFocus, kMsgHostRaise, 0xFFFFu})
+        EXPECT_EQ(Handle(message), 0) << message;
+}
+
 TEST_F(FrameRules, CloseRequestsOfPelrinAndOfTheShellBothPostClose) {
     for (std::uint32_t message : {kMsgRequestClose, kMsgShellClose}) {
         EXPECT_EQ(Handle(message), 0);

@@ -59,8 +59,8 @@ TEST(DemoTourSteps, ReachThePaneAndTheFrameAndLeaveAPictureEach) {
         queuedBeforeClose = player->queue.size();
     };
 
-    TempDir pictures;
-    const QString folder = QString::fromStdString((pictures.Path() / "tour").string());
+    const QString folder = QString::fromStdString((ArtifactDir() / "tour").string());
+    QDir(folder).removeRecursively();
     DemoTour tour(frame, folder, 0.02);
     frame.PostFrameMessage({kMsgStartupCheck, 0, 0});
     tour.Start();

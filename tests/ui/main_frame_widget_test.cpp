@@ -76,6 +76,7 @@ TEST_F(FrameWidget, CreationShowsThePlayerOverTheScreenAndKeepsTheOtherPanesHidd
     EXPECT_EQ(player->property("paneId").toInt(), 0xE900);
     EXPECT_EQ(frame->PlayListPanel()->property("paneId").toInt(), 0xE901);
     EXPECT_EQ(browser->property("paneId").toInt(), 0xE903);
+    EXPECT_EQ(frame->SendFrameMessage({kMsgShellStatus, 0, 77}), 1); // the rules' answer
 }
 
 TEST_F(FrameWidget, APlayerThatCannotBeMadeFailsCreation) {
@@ -123,54 +124,30 @@ TEST_P(CloseRequest, IsPostedSoTheSenderGetsItsAnswerBeforeTheFrameGoes) {
 INSTANTIATE_TEST_SUITE_P(FromPelrinAndTheShell, CloseRequest,
                          ::testing::Values(kMsgRequestClose, kMsgShellClose));
 
-TEST_F(FrameWidget, ShellStatusWhileTheBrowserShowsIsRefused) {
-    Make();
-    paneMessages->ShowBrowser();
-    EXPECT_EQ(frame->SendFrameMessage({kMsgShellStatus, 0, 77}), 0);
-    EXPECT_EQ(player->status, -1);
-    frame->SendFrameMessage({kMsgBackKey, 0, 0});
-    EXPECT_EQ(frame->SendFrameMessage({kMsgShellStatus, 0, 77}), 1);
-    EXPECT_EQ(player->status, 77);
-}
-
-TEST_F(FrameWidget, TheFirstPaintsCheckFindsNoLibraryAndRebuildsIt) {
-    Make();
-    dev.WriteFile(u"\\Flash Disk\\Music\\one.mp3", "x");
-    paneMessages->PostToFrame({kMsgStartupCheck, 0, 0});
-    ASSERT_TRUE(SpinUntil([&] { return player->Called("ReplaceQueue"); }));
-    EXPECT_EQ(player->queue, (std::vector<std::string>{"\\Flash Disk\\Music\\one.mp3"}));
-    TrackList saved;
-    EXPECT_EQ(LoadTrackList(GetLibraryPath(), saved), 1);
-    EXPECT_EQ(saved.Count(), 1);
-}
-
-TEST_F(FrameWidget, AColourChangeReloadsTheBrowsersBitmapsFromTheNewModule) {
+// A colour change reloads the browser's and the panel's bitmaps from the new
+// bundle; turning the screen lays every pane out again.
+TEST_F(FrameWidget, ColourAndTurnReachEveryPane) {
     Make(false);
-    const auto programDir = dev.Host(u"\\Flash Disk\\Zelvor");
-    std::filesystem::copy_file(std::string(ZELVOR_SKIN_DIR) + "/ZelvorRed.rcc",
-                               programDir / "ZelvorRed.rcc");
+    paneMessages->ShowMenu();
+    CPlayListPanel* panel = frame->PlayListPanel();
     QWidget* empty = frame->BrowserScreen()->Widget();
     empty->setGeometry(0, 0, 240, 320);
-    const QImage before = empty->grab().toImage();
-
+    const QImage browserBefore = empty->grab().toImage(), panelBefore = panel->grab().toImage();
+    std::filesystem::copy_file(std::string(ZELVOR_SKIN_DIR) + "/ZelvorRed.rcc",
+                               dev.Host(u"\\Flash Disk\\Zelvor") / "ZelvorRed.rcc");
     dev.Registry().SetDword(RegistryRoot::LocalMachine, u"OMBREL", u"GUI Color", 2);
     frame->SendFrameMessage({kMsgColourChanged, 0, 0});
     EXPECT_EQ(SkinResourceHandle().Source(), SkinSource::Module);
     EXPECT_TRUE(player->Called("RedoLayout"));
-    const QImage after = empty->grab().toImage();
-    EXPECT_NE(before, after);
-}
-
-TEST_F(FrameWidget, TurningTheScreenLaysThePanesOutAgain) {
-    Make(false);
-    paneMessages->ShowBrowser();
-    EXPECT_EQ(frame->grab().toImage().size(), QSize(240, 320));
+    EXPECT_NE(empty->grab().toImage(), browserBefore);
+    EXPECT_NE(panel->grab().toImage(), panelBefore);
 
     frame->SetScreenSize(QSize(320, 240));
     SpinEvents();
     EXPECT_EQ(AppValues().portrait, 0);
-    EXPECT_TRUE(player->Called("RedoLayout"));
     EXPECT_EQ(frame->BrowserScreen()->Widget()->geometry(), QRect(0, 0, 320, 240));
+    EXPECT_EQ(panel->geometry(), QRect(0, 0, 320, 240));
+    EXPECT_EQ(panel->List().geometry(), QRect(13, 68, 247, 162));
     EXPECT_EQ(frame->grab().toImage().size(), QSize(320, 240));
 }
 
@@ -194,74 +171,46 @@ TEST_F(FrameWidget, TheMenuButtonOpensThePanelOverThePlayerListingTheQueue) {
     EXPECT_EQ(QApplication::focusWidget(), &panel->List());
 }
 
-TEST_F(FrameWidget, TheBackKeyWithThePanelOpenClosesOnlyThePanel) {
-    Make();
-    player->queue = {"\\Storage Card\\a.mp3"};
-    paneMessages->ShowMenu();
-    QTest::keyClick(&frame->PlayListPanel()->List(), Qt::Key_Escape);
-    SpinEvents();
-    EXPECT_FALSE(frame->PlayListPanel()->isVisible());
-    EXPECT_TRUE(player->isVisible());
-    EXPECT_EQ(closed, 0);
-    // Untouched, the queue is left as it was.
-    EXPECT_FALSE(player->Called("ReplaceQueueKeepingCurrent"));
-}
+struct LeaveCase {
+    const char* name;
+    int way; // a panel button's command, or the back key
+    bool deleteRow;
+};
 
-class PanelLeaving : public FrameWidget, public ::testing::WithParamInterface<int> {};
+class PanelLeaving : public FrameWidget, public ::testing::WithParamInterface<LeaveCase> {};
 
 // Hand on gives the list over always; leaving (button or back key) gives it
 // over when rows were removed, so a deletion is never undone by leaving.
+// Untouched, the queue is left as it was.
 TEST_P(PanelLeaving, TheEditedListBecomesTheQueue) {
     Make();
-    player->queue = {"\\Storage Card\\a.mp3", "\\Storage Card\\b.mp3",
-                     "\\Storage Card\\c.mp3"};
+    const std::vector<std::string> queue{"\\Storage Card\\a.mp3", "\\Storage Card\\b.mp3"};
+    player->queue = queue;
     paneMessages->ShowMenu();
     CPlayListPanel* panel = frame->PlayListPanel();
-    panel->List().SelectOnly(1);
-    panel->OnCommand(kCmdDeleteSongs);
-    if (GetParam() == Qt::Key_Escape) {
-        QTest::keyClick(&panel->List(), Qt::Key_Escape);
-        SpinEvents();
-    } else {
-        QTest::mouseClick(panel->Button(GetParam()), Qt::LeftButton);
+    if (GetParam().deleteRow) {
+        panel->List().SelectOnly(1);
+        panel->OnCommand(kCmdDeleteSongs);
     }
+    if (GetParam().way == Qt::Key_Escape)
+        QTest::keyClick(&panel->List(), Qt::Key_Escape);
+    else
+        QTest::mouseClick(panel->Button(GetParam().way), Qt::LeftButton);
+    SpinEvents();
     EXPECT_FALSE(panel->isVisible());
-    EXPECT_TRUE(player->Called("ReplaceQueueKeepingCurrent"));
-    EXPECT_EQ(player->queue,
-              (std::vector<std::string>{"\\Storage Card\\a.mp3", "\\Storage Card\\c.mp3"}));
+    EXPECT_TRUE(player->isVisible());
+    EXPECT_EQ(player->Called("ReplaceQueueKeepingCurrent"), GetParam().deleteRow);
+    EXPECT_EQ(player->queue.size(), GetParam().deleteRow ? 1u : 2u);
+    EXPECT_EQ(player->queue[0], queue[0]);
     EXPECT_EQ(closed, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, PanelLeaving,
-                         ::testing::Values(kCmdHandOn, kCmdFavourites, int(Qt::Key_Escape)),
-                         [](const auto& info) {
-                             return info.param == kCmdHandOn       ? "HandOn"
-                                    : info.param == kCmdFavourites ? "LeaveButton"
-                                                                   : "BackKey";
-                         });
-
-TEST_F(FrameWidget, ThePanelFollowsTheSkinAndTheTurnedScreenAndGoesFirst) {
-    Make();
-    paneMessages->ShowMenu();
-    CPlayListPanel* panel = frame->PlayListPanel();
-    const QImage before = panel->grab().toImage();
-    const auto programDir = dev.Host(u"\\Flash Disk\\Zelvor");
-    std::filesystem::copy_file(std::string(ZELVOR_SKIN_DIR) + "/ZelvorRed.rcc",
-                               programDir / "ZelvorRed.rcc");
-    dev.Registry().SetDword(RegistryRoot::LocalMachine, u"OMBREL", u"GUI Color", 2);
-    frame->SendFrameMessage({kMsgColourChanged, 0, 0});
-    EXPECT_NE(panel->grab().toImage(), before);
-
-    frame->SetScreenSize(QSize(320, 240));
-    SpinEvents();
-    EXPECT_EQ(panel->geometry(), QRect(0, 0, 320, 240));
-    EXPECT_EQ(panel->List().geometry(), QRect(13, 68, 247, 162));
-
-    QPointer<CPlayListPanel> watched(panel);
-    frame->Destroy();
-    EXPECT_TRUE(watched.isNull());
-    EXPECT_EQ(frame->PlayListPanel(), nullptr);
-}
+                         ::testing::Values(LeaveCase{"HandOn", kCmdHandOn, true},
+                                           LeaveCase{"LeaveButton", kCmdFavourites, true},
+                                           LeaveCase{"BackKey", Qt::Key_Escape, true},
+                                           LeaveCase{"BackKeyUntouched", Qt::Key_Escape, false}),
+                         [](const auto& param) { return std::string(param.param.name); });
 
 } // namespace
 } // namespace zelvor

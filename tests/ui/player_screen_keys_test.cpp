@@ -1,71 +1,91 @@
-// The player screen's keys on the real widget: a keyboard's Return and
-// arrows, the media keys standing in for the device's buttons, the seek keys
+// The player screen's keys: each device key's action on the player, the
+// keys of a keyboard and the media keys that stand for them, the seek keys
 // held down, and keys the screen leaves to the frame.
 
 #include <gtest/gtest.h>
 
 #include "tests/ui/player_screen_rig.h"
+#include "ui/widgets/player_screen/device_keys.h"
+#include "ui/rules/player_screen/player_keys.h"
 
 namespace zelvor {
 namespace {
 using testing::kSecond;
 using testing::ScreenRig;
 
-TEST(PlayerKeys, EachKeyActsOnThePlayer) {
-    struct Case {
-        const char* name;
-        int qtKey;
-        bool playingFirst;
-        std::int32_t state; // afterwards
-        int index;          // the queue's current entry afterwards
-        int volume;         // afterwards
-    };
-    // Stepping while stopped leaves the new entry stopped; while playing, it plays.
-    const Case cases[] = {
-        {"ReturnPlays", Qt::Key_Return, false, kPlayStatePlaying, 0, 5},
-        {"ReturnPauses", Qt::Key_Return, true, kPlayStatePaused, 0, 5},
-        {"EnterPauses", Qt::Key_Enter, true, kPlayStatePaused, 0, 5},
-        {"PlayPauseKeyPlays", Qt::Key_MediaTogglePlayPause, false, kPlayStatePlaying, 0, 5},
-        {"MediaPauseKeyPauses", Qt::Key_MediaPause, true, kPlayStatePaused, 0, 5},
-        {"RightSteps", Qt::Key_Right, false, kPlayStateStopped, 1, 5},
-        {"NextKeyStepsAndPlays", Qt::Key_MediaNext, true, kPlayStatePlaying, 1, 5},
-        {"LeftWrapsToTheLast", Qt::Key_Left, false, kPlayStateStopped, 2, 5},
-        {"PreviousKeyWraps", Qt::Key_MediaPrevious, true, kPlayStatePlaying, 2, 5},
-        {"UpRaisesTheVolume", Qt::Key_Up, false, kPlayStateStopped, 0, 6},
-        {"VolumeUpKey", Qt::Key_VolumeUp, true, kPlayStatePlaying, 0, 6},
-        {"DownLowersTheVolume", Qt::Key_Down, false, kPlayStateStopped, 0, 4},
-        {"VolumeDownKey", Qt::Key_VolumeDown, true, kPlayStatePlaying, 0, 4},
-        {"StopKey", Qt::Key_MediaStop, true, kPlayStateStopped, 0, 5},
-        {"TheOtherStopKey", Qt::Key_Stop, true, kPlayStateStopped, 0, 5},
-        {"SeekKeyPlaysFromStopped", Qt::Key_Period, false, kPlayStatePlaying, 0, 5},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        ScreenRig rig;
-        rig.PlayList({u"a.mp3", u"b.mp3", u"c.mp3"});
-        if (c.playingFirst)
-            rig.TapButton(kButtonPlay);
-        EXPECT_TRUE(rig.KeyPress(c.qtKey));
-        rig.KeyRelease(c.qtKey);
-        EXPECT_EQ(rig.State(), c.state);
-        EXPECT_EQ(rig.GetPlayer().Queue().CurrentIndex(), c.index);
-        EXPECT_EQ(rig.GetPlayer().Volume().Index(), c.volume);
-        EXPECT_EQ(rig.GetPlayer().Position().HeldKey(), 0); // forgotten on key up
-    }
+constexpr std::int32_t kPlaying = kPlayStatePlaying, kPaused = kPlayStatePaused,
+                       kStopped = kPlayStateStopped;
+
+struct KeyCase {
+    const char* name;
+    int qtKey;
+    int deviceKey;
+    bool playingFirst;
+    std::int32_t state; // afterwards
+    int index;          // the queue's current entry afterwards
+    int volume;         // afterwards
+};
+
+class PlayerKeyTest : public ::testing::TestWithParam<KeyCase> {};
+
+// Stepping while stopped leaves the new entry stopped; while playing, it plays.
+TEST_P(PlayerKeyTest, ActsOnThePlayer) {
+    const KeyCase& c = GetParam();
+    EXPECT_EQ(DeviceKeyOf(c.qtKey), c.deviceKey);
+    ScreenRig rig;
+    rig.PlayList({u"a.mp3", u"b.mp3", u"c.mp3"});
+    if (c.playingFirst)
+        rig.TapButton(kButtonPlay);
+    Player& player = rig.GetPlayer();
+    EXPECT_TRUE(PlayerKeyDown(player, c.deviceKey));
+    const bool seek = c.deviceKey == kKeySeekForward || c.deviceKey == kKeySeekBack;
+    const bool play = KeyActionOf(c.deviceKey) == KeyAction::PlayPause;
+    // Play is held as Return whichever key it was; a key up forgets it.
+    EXPECT_EQ(player.Position().HeldKey(), seek ? c.deviceKey : play ? kKeyReturn : 0);
+    PlayerKeyUp(player);
+    EXPECT_EQ(player.Position().HeldKey(), 0);
+    EXPECT_EQ(rig.State(), c.state);
+    EXPECT_EQ(player.Queue().CurrentIndex(), c.index);
+    EXPECT_EQ(player.Volume().Index(), c.volume);
 }
 
+INSTANTIATE_TEST_SUITE_P(
+    Keys, PlayerKeyTest,
+    ::testing::Values(
+        KeyCase{"ReturnPlays", Qt::Key_Return, kKeyReturn, false, kPlaying, 0, 5},
+        KeyCase{"EnterPauses", Qt::Key_Enter, kKeyReturn, true, kPaused, 0, 5},
+        KeyCase{"PlayKeyPlays", Qt::Key_MediaPlay, kKeyHardPlay, false, kPlaying, 0, 5},
+        KeyCase{"PauseKeyPauses", Qt::Key_MediaPause, kKeyHardPlay, true, kPaused, 0, 5},
+        KeyCase{"RightSteps", Qt::Key_Right, kKeyRight, false, kStopped, 1, 5},
+        KeyCase{"NextKeyStepsAndPlays", Qt::Key_MediaNext, kKeyHardNext, true, kPlaying,
+                1, 5},
+        KeyCase{"LeftWrapsToTheLast", Qt::Key_Left, kKeyLeft, false, kStopped, 2, 5},
+        KeyCase{"PreviousKey", Qt::Key_MediaPrevious, kKeyHardPrevious, true, kPlaying,
+                2, 5},
+        KeyCase{"Up", Qt::Key_Up, kKeyUp, false, kStopped, 0, 6},
+        KeyCase{"VolumeUpKey", Qt::Key_VolumeUp, kKeyHardVolumeUp, true, kPlaying, 0, 6},
+        KeyCase{"Down", Qt::Key_Down, kKeyDown, false, kStopped, 0, 4},
+        KeyCase{"VolumeDownKey", Qt::Key_VolumeDown, kKeyHardVolumeDown, true, kPlaying,
+                0, 4},
+        KeyCase{"StopKey", Qt::Key_MediaStop, kKeyHardStop, true, kStopped, 0, 5},
+        KeyCase{"TheOtherStopKey", Qt::Key_Stop, kKeyStopButton, true, kStopped, 0, 5},
+        KeyCase{"SeekPlaysFromStopped", Qt::Key_Period, kKeySeekForward, false,
+                kPlaying, 0, 5},
+        KeyCase{"SeekBackPlaysFromStopped", Qt::Key_Comma, kKeySeekBack, false,
+                kPlaying, 0, 5}),
+    [](const auto& param) { return std::string(param.param.name); });
+
 TEST(PlayerKeys, AHeldSeekKeySeeksEveryTickUntilReleased) {
-    const std::pair<int, int> keys[] = {{Qt::Key_Period, +10}, {Qt::Key_AudioRewind, -10}};
+    const std::pair<int, int> keys[] = {{Qt::Key_AudioForward, +10}, {Qt::Key_AudioRewind, -10}};
     for (auto [key, step] : keys) {
         SCOPED_TRACE(key);
         ScreenRig rig;
         rig.PlayList({u"a.mp3"}, 100);
         rig.TapButton(kButtonPlay);
         rig.Graph()->position = 50 * kSecond;
-        rig.KeyPress(key);
+        EXPECT_TRUE(rig.KeyPress(key));
         EXPECT_EQ(rig.Graph()->position, (50 + step) * kSecond);
-        EXPECT_TRUE(rig.Screen().TimerRunning(kTimerSeekHold));
-        // Auto-repeat does not seek again: the timer does.
+        // Auto-repeat does not seek again, nor end the hold: the timer seeks.
         rig.KeyRelease(key, true);
         rig.KeyPress(key, true);
         EXPECT_EQ(rig.Graph()->position, (50 + step) * kSecond);
@@ -79,14 +99,14 @@ TEST(PlayerKeys, AHeldSeekKeySeeksEveryTickUntilReleased) {
 TEST(PlayerKeys, OnlyTheVolumeKeysRepeatWhileHeld) {
     ScreenRig rig;
     rig.PlayList({u"a.mp3", u"b.mp3", u"c.mp3"});
-    rig.KeyPress(Qt::Key_Up);
-    rig.KeyPress(Qt::Key_Up, true);
-    rig.KeyPress(Qt::Key_Up, true);
-    rig.KeyRelease(Qt::Key_Up);
-    EXPECT_EQ(rig.GetPlayer().Volume().Index(), 8);
-    rig.KeyPress(Qt::Key_Right);
-    rig.KeyPress(Qt::Key_Right, true);
-    rig.KeyRelease(Qt::Key_Right);
+    // Each key down once and auto-repeated `repeats` times.
+    for (auto [key, repeats] : {std::pair{Qt::Key_Up, 3}, {Qt::Key_VolumeDown, 1}, {Qt::Key_Right, 2}}) {
+        rig.KeyPress(key);
+        for (int i = 0; i < repeats; ++i)
+            rig.KeyPress(key, true);
+        rig.KeyRelease(key);
+    }
+    EXPECT_EQ(rig.GetPlayer().Volume().Index(), kDefaultVolumeIndex + 4 - 2);
     EXPECT_EQ(rig.GetPlayer().Queue().CurrentIndex(), 1);
 }
 
@@ -97,6 +117,7 @@ TEST(PlayerKeys, OtherKeysAreLeftToTheFrame) {
     for (int key : {Qt::Key_Escape, Qt::Key_A, Qt::Key_F1, Qt::Key_Space}) {
         EXPECT_FALSE(rig.KeyPress(key)) << key;
         rig.KeyRelease(key);
+        EXPECT_FALSE(PlayerKeyDown(rig.GetPlayer(), DeviceKeyOf(key))) << key;
     }
     EXPECT_EQ(rig.factory.LogSince(mark), std::vector<std::string>{});
 }

@@ -1,25 +1,11 @@
 #include "tests/ui/player_screen_rig.h"
 
-#include <QDir>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
 #include "platform/text.h"
 
 namespace zelvor::testing {
-
-void EnsureWidgetApplication() {
-    if (QApplication::instance() != nullptr)
-        return;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int argc = 1;
-    static char name[] = "zelvor_test_player_screen";
-    static char* argv[] = {name, nullptr};
-    // Kept for the life of the program: destroying it during static
-    // destruction would outlive the platform plugin.
-    static QApplication* app = new QApplication(argc, argv);
-    (void)app;
-}
 
 void SendMouse(QWidget& widget, QEvent::Type type, QPoint at) {
     const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
@@ -60,14 +46,6 @@ bool ScreenRig::KeyPress(int qtKey, bool autoRepeat) {
 void ScreenRig::KeyRelease(int qtKey, bool autoRepeat) {
     QKeyEvent event(QEvent::KeyRelease, qtKey, Qt::NoModifier, QString(), autoRepeat);
     QApplication::sendEvent(m_screen.get(), &event);
-}
-
-QString ArtifactPath(const QString& fileName) {
-    QString folder = qEnvironmentVariable("TEST_OUTPUT_DIR");
-    if (folder.isEmpty())
-        folder = QStringLiteral(ZELVOR_ARTIFACT_DIR);
-    QDir().mkpath(folder);
-    return QDir(folder).filePath(fileName);
 }
 
 } // namespace zelvor::testing

@@ -15,14 +15,12 @@
 #include "library/track_list.h"
 #include "tests/playback/fake_media_graph.h"
 #include "tests/support/test_device.h"
+#include "tests/ui/main_frame_app.h"
 #include "ui/widgets/player_screen/player_screen.h"
 
 namespace zelvor::testing {
 
 constexpr std::int64_t kSecond = 10000000; // media time units
-
-// A QApplication on the offscreen platform, once for the whole program.
-void EnsureWidgetApplication();
 
 class RecordingFrame : public FrameMessages {
 public:
@@ -104,7 +102,7 @@ public:
     int State() { return GetPlayer().Engine().State(); }
     int ButtonState(int button) { return GetPlayer().Buttons().State(button); }
     bool Logged(const std::string& entry) const {
-        return std::find(factory.log.begin(), factory.log.end(), entry) != factory.log.end();
+        return std::count(factory.log.begin(), factory.log.end(), entry) > 0;
     }
 
     TestDevice device;
@@ -119,10 +117,6 @@ private:
 inline std::string SeekTo(std::int64_t seconds) {
     return "seek " + std::to_string(seconds * kSecond);
 }
-
-// Where the tests leave pictures for people to look at: $TEST_OUTPUT_DIR,
-// else the build's artifacts folder.
-QString ArtifactPath(const QString& fileName);
 
 // Both orientations, named "Portrait" and "Landscape", for parameterised tests.
 #define ZELVOR_BOTH_ORIENTATIONS(Suite)                                                     \

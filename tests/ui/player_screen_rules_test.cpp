@@ -16,27 +16,27 @@ namespace {
 TEST(TitleScroll, RunsRoundTheTextOneCharacterATick) {
     const std::u16string title = u"abc  ";
     std::u16string shown;
-    int offset = 0;
+    int offset = -3; // outside the text: from its start
     for (int tick = 0; tick < 6; ++tick) {
         shown += RotatedTitle(title, offset) + u"|";
         offset = NextTitleOffset(title, offset);
     }
     EXPECT_EQ(shown, u"abc  |bc  a|c  ab|  abc| abc |abc  |");
-}
-
-TEST(TitleScroll, StepsOverASurrogatePairWholeAndStartsOutsideTheTextAtItsStart) {
-    const std::u16string title = u"a\U0001D11Eb"; // a, G clef (two units), b
-    EXPECT_EQ(NextTitleOffset(title, 0), 1);
-    EXPECT_EQ(NextTitleOffset(title, 1), 3);
-    EXPECT_EQ(NextTitleOffset(title, 3), 0);
-    EXPECT_EQ(RotatedTitle(title, 3), u"ba\U0001D11E");
-    // Offsets outside the text show it from the start.
     EXPECT_EQ(RotatedTitle(u"abc", 7), u"abc");
-    EXPECT_EQ(RotatedTitle(u"abc", -2), u"abc");
-    EXPECT_EQ(RotatedTitle(u"", 1), u"");
     EXPECT_EQ(NextTitleOffset(u"", 0), 0);
 }
 
+// A surrogate pair (the lowest and the highest, and a G clef) is stepped over
+// whole; the unit after the surrogates is a character of its own.
+TEST(TitleScroll, StepsOverASurrogatePairWhole) {
+    for (std::u16string title : {u"a\U00010000b", u"a\U0010FFFFb", u"a\U0001D11Eb"}) {
+        EXPECT_EQ(NextTitleOffset(title, 0), 1);
+        EXPECT_EQ(NextTitleOffset(title, 1), 3);
+        EXPECT_EQ(NextTitleOffset(title, 3), 0);
+        EXPECT_EQ(RotatedTitle(title, 3), u"b" + title.substr(0, 3));
+    }
+    EXPECT_EQ(NextTitleOffset(u"a\uE000b", 1), 2);
+}
 TEST(IdleResetGate, ResetsAtOnceThenAtMostEveryFiftySecondsAcrossTheWrap) {
     IdleResetGate gate;
     const std::uint32_t start = 0xFFFF0000u; // the tick count wraps 65 s later
@@ -54,6 +54,8 @@ TEST(ClockText, IsHoursAndMinutesOfTwoDigits) {
     EXPECT_EQ(ClockText(LocalTime{2024, 1, 1, 1, 7, 5, 59, 0}), u"07:05");
     EXPECT_EQ(ClockText(LocalTime{2024, 1, 1, 1, 0, 0, 0, 0}), u"00:00");
     EXPECT_EQ(ClockText(LocalTime{2024, 1, 1, 1, 23, 59, 0, 0}), u"23:59");
+    // Values no clock gives keep to two digits each.
+    EXPECT_EQ(ClockText(LocalTime{2024, 1, 1, 1, 100, 160, 0, 0}), u"00:60");
 }
 
 class ScreenGeometryTest : public ::testing::TestWithParam<ScreenOrientation> {

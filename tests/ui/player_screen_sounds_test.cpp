@@ -19,27 +19,25 @@ namespace {
 
 // A 16-bit mono PCM wave file of a 660 Hz tone at 22050 Hz.
 std::string ToneWav(double seconds) {
-    const int rate = 22050;
-    std::string data;
-    auto le = [](std::string& out, std::uint32_t value, int bytes) {
+    std::string out;
+    auto le = [&out](std::uint32_t value, int bytes) {
         for (int i = 0; i < bytes; ++i)
             out.push_back(static_cast<char>((value >> (8 * i)) & 0xFF));
     };
-    for (int i = 0; i < static_cast<int>(rate * seconds); ++i)
-        le(data, static_cast<std::uint16_t>(
-                      static_cast<std::int16_t>(12000 * std::sin(2 * M_PI * 660 * i / rate))),
-           2);
-    std::string out = "RIFF";
-    le(out, 36 + static_cast<std::uint32_t>(data.size()), 4);
-    out += "WAVEfmt ";
-    // PCM, mono, the rate, bytes a second, bytes a frame, bits a sample.
-    const std::pair<std::uint32_t, int> format[] = {{16, 4},    {1, 2}, {1, 2}, {22050, 4},
-                                                    {44100, 4}, {2, 2}, {16, 2}};
-    for (auto [value, bytes] : format)
-        le(out, value, bytes);
+    const auto frames = static_cast<std::uint32_t>(22050 * seconds);
+    out += "RIFF";
+    le(36 + 2 * frames, 4);
+    out += "WAVEfmt "; // PCM, mono, the rate, bytes a second, bytes a frame, bits a sample
+    for (auto [value, bytes] : {std::pair{16u, 4}, {1u, 2}, {1u, 2}, {22050u, 4}, {44100u, 4},
+                                {2u, 2}, {16u, 2}})
+        le(value, bytes);
     out += "data";
-    le(out, static_cast<std::uint32_t>(data.size()), 4);
-    return out + data;
+    le(2 * frames, 4);
+    for (std::uint32_t i = 0; i < frames; ++i)
+        le(static_cast<std::uint16_t>(
+               static_cast<std::int16_t>(12000 * std::sin(2 * M_PI * 660 * i / 22050))),
+           2);
+    return out;
 }
 
 // Runs the event loop until every sound ended (or a generous time is up).
@@ -110,17 +108,14 @@ TEST(HostSounds, ACaptureNamedInTheEnvironmentIsLeftToThePlaybackGraph) {
     testing::TempDir dir;
     const auto capture = dir.Path() / "tracks.wav";
     const char* before = std::getenv("ZELVOR_AUDIO_SINK");
-    const std::string saved = before ? before : "";
+    const std::string saved = before ? before : "fake";
     setenv("ZELVOR_AUDIO_SINK", ("wav:" + capture.string()).c_str(), 1);
     {
         HostSounds sounds;
         sounds.MessageBeep();
         EXPECT_TRUE(WaitUntilQuiet(sounds));
     }
-    if (before)
-        setenv("ZELVOR_AUDIO_SINK", saved.c_str(), 1);
-    else
-        unsetenv("ZELVOR_AUDIO_SINK");
+    setenv("ZELVOR_AUDIO_SINK", saved.c_str(), 1);
     EXPECT_FALSE(std::filesystem::exists(capture));
 }
 

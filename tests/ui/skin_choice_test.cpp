@@ -34,9 +34,10 @@ TEST(PlanSkinSelection, ReleasesOnlyABundleAndLoadsOneForEveryColourButZero) {
 }
 
 TEST(EffectiveSkinSource, AnEmptyHandleFallsBackToTheProgram) {
-    EXPECT_EQ(EffectiveSkinSource(SkinSource::None), SkinSource::Program);
-    EXPECT_EQ(EffectiveSkinSource(SkinSource::Program), SkinSource::Program);
-    EXPECT_EQ(EffectiveSkinSource(SkinSource::Module), SkinSource::Module);
+    for (auto [held, effective] : {std::pair{SkinSource::None, SkinSource::Program},
+                                   {SkinSource::Program, SkinSource::Program},
+                                   {SkinSource::Module, SkinSource::Module}})
+        EXPECT_EQ(EffectiveSkinSource(held), effective);
 }
 
 } // namespace

@@ -116,12 +116,10 @@ TEST_F(SkinModuleTest, ANewColourReleasesTheOldBundle) {
     EXPECT_TRUE(LoadSkinBitmap(again, kBmpPortraitPlay).isNull());
 }
 
-TEST_F(SkinModuleTest, BundleNamesAreMatchedIgnoringCase) {
+// Bundle names match ignoring case; an empty handle and unknown numbers load nothing.
+TEST_F(SkinModuleTest, NamesIgnoreCaseAndUnknownsLoadNothing) {
     m_device.WriteFile(InProgramDirectory("zelvororange.RCC"), ReadBuiltSkin("ZelvorOrange.rcc"));
     EXPECT_EQ(SelectSkinModule(3).Source(), SkinSource::Module);
-}
-
-TEST_F(SkinModuleTest, AnEmptyHandleAndUnknownNumbersLoadNothing) {
     EXPECT_TRUE(LoadSkinBitmap(SkinHandle(), kBmpPortraitPlay).isNull());
     EXPECT_TRUE(LoadSkinBitmap(ProgramResourceHandle(), 1504).isNull());
 }
