@@ -31,7 +31,7 @@
 #include "playback/graph_notify_waiter.h"
 #include "playback/player.h"
 #include "playback/player_settings.h"
-#include "tests/host/test_media.h"
+#include "tests/support/test_media.h"
 #include "tests/playback/recording_player_view.h"
 #include "tests/support/test_device.h"
 

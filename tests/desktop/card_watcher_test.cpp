@@ -6,7 +6,7 @@
 #include <sys/mount.h>
 
 #include "res/window_messages.h"
-#include "tests/desktop/qt_app.h"
+#include "tests/support/qt_app.h"
 #include "tests/support/test_device.h"
 
 namespace zelvor {
@@ -17,7 +17,7 @@ constexpr int kWaitMs = 5000; // an upper bound for inotify; a pass takes ~100 m
 
 class CardWatcherTest : public ::testing::Test {
 protected:
-    void SetUp() override { testing::EnsureCoreApplication(); }
+    void SetUp() override { testing::EnsureQtApplication(); }
 
     std::unique_ptr<CardWatcher> Watch(const fs::path& folder) {
         return std::make_unique<CardWatcher>(

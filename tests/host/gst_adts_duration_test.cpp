@@ -5,7 +5,7 @@
 #include <iterator>
 
 #include "host/gst_adts_duration.h"
-#include "tests/host/test_media.h"
+#include "tests/support/test_media.h"
 #include "tests/support/test_device.h"
 
 namespace zelvor {

@@ -10,7 +10,7 @@
 #include <random>
 
 #include "host/gst_media_graph.h"
-#include "tests/host/test_media.h"
+#include "tests/support/test_media.h"
 #include "tests/support/test_device.h"
 
 namespace zelvor {

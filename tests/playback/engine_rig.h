@@ -11,7 +11,7 @@
 #include "platform/text.h"
 #include "playback/playback_engine.h"
 #include "playback/player_position.h"
-#include "tests/playback/fake_media_graph.h"
+#include "tests/support/fake_media_graph.h"
 #include "tests/playback/recording_player_view.h"
 #include "tests/support/test_device.h"
 

@@ -6,7 +6,7 @@
 #include "playback/player.h"
 #include "playback/player_settings.h"
 #include "playlists/playlist_names.h"
-#include "tests/playback/fake_media_graph.h"
+#include "tests/support/fake_media_graph.h"
 #include "tests/playback/recording_player_view.h"
 #include "tests/support/test_device.h"
 

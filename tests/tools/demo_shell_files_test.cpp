@@ -4,7 +4,7 @@
 
 #include "platform/text.h"
 #include "playlists/playlist_file.h"
-#include "tests/host/test_media.h"
+#include "tests/support/test_media.h"
 #include "tests/tools/demo_fixture.h"
 #include "tools/zelvor_demo/ombrel_file.h"
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "gui_app.h"
+#include "tests/support/qt_app.h"
 
 namespace zelvor {
 namespace {

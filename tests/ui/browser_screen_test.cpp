@@ -14,7 +14,7 @@
 #include "playlists/playlist_file.h"
 #include "playlists/playlist_names.h"
 #include "res/command_ids.h"
-#include "tests/playback/fake_media_graph.h"
+#include "tests/support/fake_media_graph.h"
 #include "tests/support/test_device.h"
 #include "tests/ui/lists_sink.h"
 #include "tests/ui/main_frame_fakes.h"
@@ -62,7 +62,7 @@ std::unique_ptr<TrackRecord> ArtistRecord(std::u16string_view path, int typeCode
 class BrowserInFrame : public ::testing::Test {
 protected:
     BrowserInFrame() {
-        EnsureWidgetApplication();
+        EnsureQtApplication();
         AppValues() = {};
         for (auto path : {u"\\Storage Card\\Abba\\Waterloo.mp3", u"\\Storage Card\\Zed\\Two.mp3",
                           u"\\Storage Card\\Zed\\One.mp3", u"\\Storage Card\\Abba\\Fernando.mp3"})

@@ -14,7 +14,7 @@
 #include "ui/rules/dialogs/update_progress.h"
 #include "res/string_table.h"
 #include "tests/ui/lists_sink.h"
-#include "tests/ui/main_frame_app.h"
+#include "tests/support/qt_app.h"
 #include "ui/widgets/dialogs/about_dialog.h"
 #include "ui/rules/dialogs/dialog_units.h"
 #include "ui/widgets/dialogs/message_dialog.h"
@@ -51,7 +51,7 @@ struct AnswerCase {
 class MessageAnswers : public ::testing::TestWithParam<AnswerCase> {};
 
 TEST_P(MessageAnswers, ButtonsResultAndEnding) {
-    testing::EnsureWidgetApplication();
+    testing::EnsureQtApplication();
     const AnswerCase& c = GetParam();
     CMessageDialog dialog(nullptr);
     dialog.SetText(u"A notice as long as the dialog takes it: every one of its characters must "
@@ -90,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& tp) { return std::string(tp.param.name); });
 
 TEST(MessageText, ShownCutAsSetOrEmpty) {
-    testing::EnsureWidgetApplication();
+    testing::EnsureQtApplication();
     CMessageDialog dialog(nullptr);
     const auto shown = [&] {
         dialog.show();
@@ -106,7 +106,7 @@ TEST(MessageText, ShownCutAsSetOrEmpty) {
 }
 
 TEST(AboutBox, OkClosesWithOne) {
-    testing::EnsureWidgetApplication();
+    testing::EnsureQtApplication();
     CAboutDialog about(nullptr);
     QTimer::singleShot(0, &about, [&] {
         FitsAndSave(about, "about");

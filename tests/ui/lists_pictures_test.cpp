@@ -27,7 +27,7 @@ class BitmapButtonFace : public ::testing::TestWithParam<FaceCase> {};
 
 TEST_P(BitmapButtonFace, ShowsTheBitmapOfTheFirstStateThatHasOne) {
     const FaceCase& c = GetParam();
-    testing::EnsureWidgetApplication();
+    testing::EnsureQtApplication();
     QWidget screen;
     auto* other = new QWidget(&screen);
     other->setFocusPolicy(Qt::StrongFocus);
@@ -66,7 +66,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 
 TEST(FitTextToWidth, KeepsFittingTextsAndCutsOthersToTheLongestFittingBeginning) {
-    testing::EnsureWidgetApplication();
+    testing::EnsureQtApplication();
     const QFontMetrics metrics{QFont()};
     const QString text = "A rather long title of a song that cannot fit";
     const int full = metrics.horizontalAdvance(text);

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/ui/main_frame_app.h"
+#include "tests/support/qt_app.h"
 #include "ui/widgets/main_frame/window_message_event.h"
 
 namespace zelvor::testing {
@@ -39,7 +39,7 @@ protected:
 
 // The first base of a fixture whose members are widgets.
 struct WidgetApplicationFirst {
-    WidgetApplicationFirst() { EnsureWidgetApplication(); }
+    WidgetApplicationFirst() { EnsureQtApplication(); }
 };
 
 inline void SendMouse(QWidget* target, QEvent::Type type, QPoint point,

@@ -9,9 +9,9 @@
 #include "library/library_file.h"
 #include "host/endpoint.h"
 #include "playback/player.h"
-#include "tests/playback/fake_media_graph.h"
+#include "tests/support/fake_media_graph.h"
 #include "tests/playback/recording_player_view.h"
-#include "tests/ui/main_frame_app.h"
+#include "tests/support/qt_app.h"
 #include "tests/ui/main_frame_rules_fixture.h"
 #include "app/host_application.h"
 
@@ -38,7 +38,7 @@ public:
 class Startup : public ::testing::Test {
 protected:
     void SetUp() override {
-        EnsureWidgetApplication();
+        EnsureQtApplication();
         AppValues() = {};
     }
     HostApplicationOptions Options() {

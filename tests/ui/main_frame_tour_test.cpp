@@ -6,7 +6,7 @@
 #include <QImage>
 
 #include "tests/support/test_device.h"
-#include "tests/ui/main_frame_app.h"
+#include "tests/support/qt_app.h"
 #include "tests/ui/main_frame_rules_fixture.h"
 #include "ui/rules/layout/player_layout.h"
 #include "ui/widgets/main_frame/demo_tour.h"
@@ -25,7 +25,7 @@ QPoint PlaceCentre(int button, double across = 0.5,
 }
 
 TEST(DemoTourSteps, ReachThePaneAndTheFrameAndLeaveAPictureEach) {
-    EnsureWidgetApplication();
+    EnsureQtApplication();
     AppValues() = {};
     TestDevice dev;
     dev.WriteFile(u"\\Storage Card\\song.mp3", "x");

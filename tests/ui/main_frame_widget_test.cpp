@@ -9,7 +9,7 @@
 
 #include "library/library_file.h"
 #include "tests/support/test_device.h"
-#include "tests/ui/main_frame_app.h"
+#include "tests/support/qt_app.h"
 #include "tests/ui/main_frame_rules_fixture.h"
 #include "res/command_ids.h"
 #include "ui/widgets/lists/bitmap_button.h"
@@ -25,7 +25,7 @@ using namespace zelvor::testing;
 class FrameWidget : public ::testing::Test {
 protected:
     void SetUp() override {
-        EnsureWidgetApplication();
+        EnsureQtApplication();
         AppValues() = {};
         SelectSkinModule(0);
     }

@@ -13,7 +13,7 @@
 #include "ui/widgets/dialogs/message_dialog.h"
 #include "ui/widgets/lists/bitmap_button.h"
 #include "ui/widgets/lists/track_list_ctrl.h"
-#include "tests/ui/main_frame_app.h"
+#include "tests/support/qt_app.h"
 #include "ui/rules/panel/panel_owner.h"
 #include "ui/widgets/panel/play_list_panel.h"
 
@@ -37,7 +37,7 @@ void AnswerModal(bool accept, QString* seen) {
 class PanelTest : public ::testing::Test, public PanelOwner {
 protected:
     void SetUp() override {
-        EnsureWidgetApplication();
+        EnsureQtApplication();
         panel = std::make_unique<CPlayListPanel>(*this, nullptr);
         panel->resize(240, 320);
         TrackList tracks;

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "gui_app.h"
+#include "tests/support/qt_app.h"
 #include "ui/rules/drawing/element_math.h"
 #include "ui/rules/layout/player_layout.h"
 
@@ -163,7 +163,7 @@ TEST(DrawIndicatorAndBattery, RestoreTheirPatch) {
 }
 
 TEST(DrawClockText, DrawsBlackTextInsideItsRestoredRectangle) {
-    testing::EnsureGuiApplication();
+    testing::EnsureQtApplication();
     const QImage background = Background();
     QFont font(QStringLiteral("DejaVu Sans"));
     font.setPixelSize(13);

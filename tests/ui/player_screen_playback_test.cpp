@@ -7,7 +7,7 @@
 
 #include "host/gst_media_graph.h"
 #include "platform/text.h"
-#include "tests/host/test_media.h"
+#include "tests/support/test_media.h"
 #include "tests/ui/player_screen_rig.h"
 
 namespace zelvor {
@@ -15,7 +15,7 @@ namespace {
 using testing::Codec;
 
 TEST(PlayerScreenPlayback, PlaysTheQueueToItsEndThroughTheWidget) {
-    testing::EnsureWidgetApplication();
+    testing::EnsureQtApplication();
     testing::TestDevice device;
     TrackList album = testing::MakeAlbum(device, {Codec::Mp3, Codec::Aac});
     ASSERT_NE(album.Count(), 0);

@@ -13,9 +13,9 @@
 #include <vector>
 
 #include "library/track_list.h"
-#include "tests/playback/fake_media_graph.h"
+#include "tests/support/fake_media_graph.h"
 #include "tests/support/test_device.h"
-#include "tests/ui/main_frame_app.h"
+#include "tests/support/qt_app.h"
 #include "ui/widgets/player_screen/player_screen.h"
 
 namespace zelvor::testing {
@@ -72,7 +72,7 @@ inline QPoint Centre(const PixelRect& r) {
 class ScreenRig {
 public:
     explicit ScreenRig(ScreenOrientation orientation = ScreenOrientation::Portrait) {
-        EnsureWidgetApplication();
+        EnsureQtApplication();
         MakeScreen(orientation);
     }
 

@@ -10,7 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "host/host_sounds.h"
-#include "tests/host/test_media.h"
+#include "tests/support/test_media.h"
 #include "tests/support/test_device.h"
 #include "tests/ui/player_screen_rig.h"
 
@@ -51,7 +51,7 @@ bool WaitUntilQuiet(const HostSounds& sounds) {
 // What `play` made heard through a capture of its own, the sounds gone after.
 std::optional<testing::WavData> Heard(const std::filesystem::path& capture,
                                       const std::function<void(HostSounds&)>& play) {
-    testing::EnsureWidgetApplication();
+    testing::EnsureQtApplication();
     {
         HostSounds sounds(AudioSinkChoice{AudioSinkChoice::Kind::Wav, capture, false});
         play(sounds);
@@ -104,7 +104,7 @@ TEST(HostSounds, SoundsStillPlayingStopWithTheirOwnerAndLeaveTheCaptureWhole) {
 }
 
 TEST(HostSounds, ACaptureNamedInTheEnvironmentIsLeftToThePlaybackGraph) {
-    testing::EnsureWidgetApplication();
+    testing::EnsureQtApplication();
     testing::TempDir dir;
     const auto capture = dir.Path() / "tracks.wav";
     const char* before = std::getenv("ZELVOR_AUDIO_SINK");
@@ -120,7 +120,7 @@ TEST(HostSounds, ACaptureNamedInTheEnvironmentIsLeftToThePlaybackGraph) {
 }
 
 TEST(HostSounds, ABurstOfBeepsIsCappedAndTheRestDropped) {
-    testing::EnsureWidgetApplication();
+    testing::EnsureQtApplication();
     HostSounds sounds(AudioSinkChoice{AudioSinkChoice::Kind::Fake, {}, false});
     for (int i = 0; i < HostSounds::kMaxActive + 3; ++i)
         sounds.MessageBeep();

@@ -1,4 +1,4 @@
-#include "tests/playback/fake_media_graph.h"
+#include "tests/support/fake_media_graph.h"
 
 namespace zelvor::testing {
 namespace {

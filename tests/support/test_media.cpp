@@ -1,4 +1,4 @@
-#include "tests/host/test_media.h"
+#include "tests/support/test_media.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,16 +1,16 @@
-#include "tests/ui/main_frame_app.h"
+#include "tests/support/qt_app.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
 
 namespace zelvor::testing {
 
-void EnsureWidgetApplication() {
-    if (QApplication::instance() != nullptr)
+void EnsureQtApplication() {
+    if (QCoreApplication::instance() != nullptr)
         return;
     qputenv("QT_QPA_PLATFORM", "offscreen");
     static int argc = 1;
-    static char name[] = "zelvor_test_main_frame";
+    static char name[] = "zelvor_test";
     static char* argv[] = {name, nullptr};
     // Kept for the life of the test program: destroying it during static
     // destruction would outlive the platform plugin.
@@ -34,11 +34,10 @@ bool SpinUntil(const std::function<bool()>& condition, int timeoutMs) {
     return condition();
 }
 
-std::filesystem::path ArtifactDir() {
+std::filesystem::path ArtifactDirOr(const std::filesystem::path& fallback) {
     const QByteArray fromEnvironment = qgetenv("TEST_OUTPUT_DIR");
-    std::filesystem::path dir = fromEnvironment.isEmpty()
-                                    ? std::filesystem::path(ZELVOR_ARTIFACT_DIR)
-                                    : std::filesystem::path(fromEnvironment.toStdString());
+    std::filesystem::path dir =
+        fromEnvironment.isEmpty() ? fallback : std::filesystem::path(fromEnvironment.toStdString());
     std::filesystem::create_directories(dir);
     return dir;
 }
