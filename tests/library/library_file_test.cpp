@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <set>
@@ -164,21 +165,17 @@ TEST_F(LibraryFile, QueueFileIsTheSameFormatButHidden) {
 // Truncated anywhere, a file yields the whole records before the cut and
 // nothing else; the sanitizers check that no read goes past a buffer.
 TEST_F(LibraryFile, TruncationAtEveryOffsetKeepsTheWholeRecordsBeforeIt) {
-    const std::string header = QdxHeader(3);
-    const std::string records[] = {QdxRecord(kFirst), QdxRecord(kBare), QdxRecord(kThird)};
-    const std::string whole = header + records[0] + records[1] + records[2];
+    const std::string header = QdxHeader(3), first = QdxRecord(kFirst);
+    const std::string whole = header + first + QdxRecord(kBare) + QdxRecord(kThird);
+    const size_t ends[] = {header.size() + first.size(), whole.size() - QdxRecord(kThird).size(),
+                           whole.size()};
     for (size_t cut = 0; cut <= whole.size(); ++cut) {
         device.WriteFile(kLib, whole.substr(0, cut));
         TrackList list;
         ASSERT_EQ(LoadTrackList(kLib, list), 1) << cut;
-        size_t complete = 0, end = header.size();
-        for (const std::string& r : records) {
-            end += r.size();
-            if (end <= cut)
-                ++complete;
-        }
-        ASSERT_EQ(static_cast<size_t>(list.Count()), complete) << "cut at " << cut;
-        if (complete > 0)
+        const auto complete = std::count_if(ends, ends + 3, [&](size_t e) { return e <= cut; });
+        ASSERT_EQ(list.Count(), static_cast<int>(complete)) << "cut at " << cut;
+        if (list.Count() > 0)
             ExpectStored(*list.TrackAt(0), kFirst);
     }
 }

@@ -166,19 +166,6 @@ TEST(CompareTracksOrder, AlbumOrderThenTrackThenTitle) {
     }
 }
 
-TEST(TrackListSort, AlbumOrderSortsTitlesOnlyWithinEqualAlbumAndTrack) {
-    TrackList list;
-    list.AddTrack(Rec(u"n1"));
-    list.AddTrack(Rec(u"z", u"A", 1));
-    list.AddTrack(Rec(u"y", u"B", 1));
-    list.AddTrack(Rec(u"n0"));
-    list.AddTrack(Rec(u"x", u"B", 2));
-    list.SortTracks(kSortAlbumOrder, 1);
-    EXPECT_EQ(Titles(list), u"zyxn0n1");
-    list.SortTracks(-1, 0);
-    EXPECT_EQ(Titles(list), u"n1n0xyz");
-}
-
 // Random records drawn from small pools, so that every kind of tie occurs:
 // the keyed sort must give what a stable sort with CompareTracks gives.
 TEST(TrackListSort, MatchesAStableSortByCompareTracks) {

@@ -28,10 +28,6 @@ std::string Le64(std::uint64_t v) {
     return LittleEndian(v, 8);
 }
 
-std::string Be24(std::uint32_t v) {
-    return {static_cast<char>(v >> 16), static_cast<char>(v >> 8), static_cast<char>(v)};
-}
-
 std::string Be32(std::uint32_t v) {
     return {static_cast<char>(v >> 24), static_cast<char>(v >> 16), static_cast<char>(v >> 8),
             static_cast<char>(v)};
@@ -44,10 +40,6 @@ std::string SevenBit32(std::uint32_t v) {
 
 std::span<const std::byte> AsBytes(std::string_view bytes) {
     return {reinterpret_cast<const std::byte*>(bytes.data()), bytes.size()};
-}
-
-std::span<std::byte> AsWritableBytes(std::string& bytes) {
-    return {reinterpret_cast<std::byte*>(bytes.data()), bytes.size()};
 }
 
 MemoryFile MemoryFileOf(std::string_view bytes) {
@@ -74,7 +66,8 @@ std::string Frame4Plain(std::string_view id, std::string_view body) {
 }
 
 std::string Frame3(std::string_view id, std::string_view body) {
-    return std::string(id) + Be24(static_cast<std::uint32_t>(body.size())) + std::string(body);
+    return std::string(id) + Be32(static_cast<std::uint32_t>(body.size())).substr(1) +
+           std::string(body);
 }
 
 std::string Latin1Text(std::string_view text) {
@@ -127,13 +120,12 @@ std::string AsfHeader(std::uint32_t count, std::string_view children, std::uint8
 
 std::string AsfContentDescription(std::u16string_view title, std::u16string_view author,
                                   std::u16string_view copyright) {
-    std::string t = Utf16Le(title) + kTwoZeros;
-    std::string a = Utf16Le(author) + kTwoZeros;
-    std::string c = Utf16Le(copyright) + kTwoZeros;
-    std::string body = Le16(static_cast<std::uint32_t>(t.size())) +
-                       Le16(static_cast<std::uint32_t>(a.size())) +
-                       Le16(static_cast<std::uint32_t>(c.size())) + Le16(0) + Le16(0) + t + a + c;
-    return AsfObject(kAsfContentDescriptionObject, body);
+    std::string lengths, texts;
+    for (std::u16string_view text : {title, author, copyright}) {
+        lengths += Le16(static_cast<std::uint32_t>(text.size() * 2 + 2));
+        texts += AsfStringValue(text);
+    }
+    return AsfObject(kAsfContentDescriptionObject, lengths + Le16(0) + Le16(0) + texts);
 }
 
 std::string AsfFileProperties(std::uint64_t playDuration, std::uint32_t flags) {
@@ -152,7 +144,7 @@ std::string AsfStringValue(std::u16string_view text) {
 std::string AsfExtendedContent(std::initializer_list<AsfDescriptor> descriptors) {
     std::string body = Le16(static_cast<std::uint32_t>(descriptors.size()));
     for (const AsfDescriptor& d : descriptors) {
-        std::string name = Utf16Le(d.name) + kTwoZeros;
+        std::string name = AsfStringValue(d.name);
         body += Le16(static_cast<std::uint32_t>(name.size())) + name + Le16(d.type) +
                 Le16(static_cast<std::uint32_t>(d.value.size())) + d.value;
     }
@@ -163,11 +155,9 @@ std::string AsfCodecList(std::initializer_list<std::uint16_t> types) {
     std::string body(16, '\0'); // reserved GUID
     body += Le32(static_cast<std::uint32_t>(types.size()));
     for (std::uint16_t type : types) {
-        std::string name = Utf16Le(u"Codec") + kTwoZeros;
-        std::string description = Utf16Le(u"About") + kTwoZeros;
-        body += Le16(type) + Le16(static_cast<std::uint32_t>(name.size() / 2)) + name +
-                Le16(static_cast<std::uint32_t>(description.size() / 2)) + description + Le16(2) +
-                "\x61\x01";
+        // Name "Codec" and description "About", six units each with the NUL.
+        body += Le16(type) + Le16(6) + AsfStringValue(u"Codec") + Le16(6) +
+                AsfStringValue(u"About") + Le16(2) + "\x61\x01";
     }
     return AsfObject(kAsfCodecListObject, body);
 }

@@ -17,13 +17,11 @@ namespace zelvor::testing {
 std::string Le16(std::uint32_t v);
 std::string Le32(std::uint32_t v);
 std::string Le64(std::uint64_t v);
-std::string Be24(std::uint32_t v);
 std::string Be32(std::uint32_t v);
 // 7 bits per byte, most significant first (an ID3v2 "synchsafe" number).
 std::string SevenBit32(std::uint32_t v);
 
 std::span<const std::byte> AsBytes(std::string_view bytes);
-std::span<std::byte> AsWritableBytes(std::string& bytes);
 MemoryFile MemoryFileOf(std::string_view bytes);
 
 // ID3v2: a 10-byte header with the size written 7 bits per byte, and frames.
