@@ -68,7 +68,7 @@ void PlayerPosition::UpdatePosition() {
     GetPositionSeconds(position);
     GetDurationSeconds(duration);
     double fraction = duration != 0 ? position / duration : 0.0;
-    if (m_bar.drag != kDragActive) {
+    if (m_bar.drag != SeekDrag::kActive) {
         m_bar.thumbX = m_bar.ThumbForFraction(fraction);
         m_view.InvalidateSeekThumb();
     }
@@ -106,8 +106,8 @@ void PlayerPosition::ToggleRemainingTime() {
 }
 
 void PlayerPosition::PressThumb() {
-    if (m_bar.drag != kDragBlocked)
-        m_bar.drag = kDragActive;
+    if (m_bar.drag != SeekDrag::kBlocked)
+        m_bar.drag = SeekDrag::kActive;
 }
 
 void PlayerPosition::PressBar(int mouseX) {
@@ -118,7 +118,7 @@ void PlayerPosition::PressBar(int mouseX) {
 }
 
 void PlayerPosition::DragTo(int mouseX) {
-    if (m_bar.drag != kDragActive)
+    if (m_bar.drag != SeekDrag::kActive)
         return;
     int x = m_bar.ThumbForMouse(mouseX);
     if (x == m_bar.thumbX)
@@ -132,9 +132,9 @@ void PlayerPosition::Release(int mouseX) {
         m_view.SetMouseCapture(false);
         m_bar.captured = false;
     }
-    if (m_bar.drag != kDragActive)
+    if (m_bar.drag != SeekDrag::kActive)
         return;
-    m_bar.drag = kDragIdle;
+    m_bar.drag = SeekDrag::kIdle;
     m_bar.thumbX = m_bar.ThumbForMouse(mouseX);
     double duration = 0;
     GetDurationSeconds(duration);

@@ -10,10 +10,9 @@
 
 namespace zelvor {
 
-// The thumb-drag flag: 2 blocks a new drag.
-constexpr int kDragIdle = 0;
-constexpr int kDragActive = 1;
-constexpr int kDragBlocked = 2;
+// Where a drag of the thumb stands: none, under way, or blocked (no new
+// drag starts until the flag is cleared).
+enum class SeekDrag { kIdle, kActive, kBlocked };
 
 struct SeekBar {
     int left = 0;       // L
@@ -21,7 +20,7 @@ struct SeekBar {
     int thumbWidth = 0;
     int originX = 0;    // the screen's horizontal origin, subtracted from mouse positions
     int thumbX = 0;     // the thumb's current left edge
-    int drag = kDragIdle;
+    SeekDrag drag = SeekDrag::kIdle;
     bool captured = false;
 
     // Places the bar (its left end, the widths of the bar and thumb images).

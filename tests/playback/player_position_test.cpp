@@ -152,19 +152,19 @@ TEST(SeekBar, ReleasingADragSeeksToTheDroppedFraction) {
         if (paused)
             rig.engine.TogglePause();
         rig.position.PressThumb();
-        EXPECT_EQ(rig.position.Bar().drag, kDragActive);
+        EXPECT_EQ(rig.position.Bar().drag, SeekDrag::kActive);
         rig.position.Release(123); // thumb 113: 83 of 166 pixels
         EXPECT_THAT(rig.Seeks(), ElementsAre("seek 830000000"));
-        EXPECT_EQ(rig.position.Bar().drag, kDragIdle);
+        EXPECT_EQ(rig.position.Bar().drag, SeekDrag::kIdle);
         EXPECT_EQ(rig.view.erasedRepaints, 1);
         EXPECT_EQ(rig.view.updates, 1);
         EXPECT_EQ(rig.position.Time(), (paused ? TimeDisplay{0, 1, 23} : TimeDisplay{}));
     }
     PlayingRig blocked(166 * kSecond, 10 * kSecond);
-    blocked.position.Bar().drag = kDragBlocked;
+    blocked.position.Bar().drag = SeekDrag::kBlocked;
     blocked.position.PressThumb();
     blocked.position.Release(123);
-    EXPECT_EQ(blocked.position.Bar().drag, kDragBlocked);
+    EXPECT_EQ(blocked.position.Bar().drag, SeekDrag::kBlocked);
     EXPECT_THAT(blocked.Seeks(), IsEmpty());
 }
 

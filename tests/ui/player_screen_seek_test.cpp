@@ -53,7 +53,7 @@ TEST_P(SeekBarTest, DraggingTheThumbToTheMiddleSeeksToHalfTheTrack) {
     rig.Release({dropX, y});
     EXPECT_EQ(rig.factory.LogSince(mark), Log{SeekTo(50)});
     EXPECT_EQ(rig.ButtonState(kButtonSeekBar), kDisplayNormal);
-    EXPECT_EQ(Bar().drag, kDragIdle);
+    EXPECT_EQ(Bar().drag, SeekDrag::kIdle);
 }
 
 // While the bar holds the mouse a tick does not move the thumb back, and a

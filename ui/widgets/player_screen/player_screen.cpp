@@ -198,7 +198,7 @@ PlayerScreenScene CPlayerScreen::Scene() const {
     const TimeDisplay& time = position.Time();
     PlayerScreenScene scene{m_images, m_geometry, m_player->Buttons(), m_fonts};
     scene.thumbX = position.Bar().thumbX;
-    scene.thumbDragged = position.Bar().drag == kDragActive;
+    scene.thumbDragged = position.Bar().drag == SeekDrag::kActive;
     scene.time = {time.hours, time.minutes, time.seconds, position.ShowsRemaining()};
     scene.volumeIndex = volume.Index();
     scene.muted = volume.Muted();
