@@ -73,16 +73,5 @@ INSTANTIATE_TEST_SUITE_P(Programs, ProgramCli,
                              return name;
                          });
 
-// A scan that cannot save the library (its name taken by a folder) prints
-// its figures, says why and fails.
-TEST(ZelvorLibScan, WriteThatCannotSaveFails) {
-    testing::TestDevice device;
-    std::filesystem::create_directories(device.Host(u"\\\\Flash Disk\\\\Zelvor\\\\MusicLib.qdx"));
-    const ProgramRun scan = RunProgram(ZELVOR_LIB_PATH, "scan --write --root " + device.Root().string());
-    EXPECT_EQ(scan.status, 1);
-    EXPECT_NE(scan.out.find("\"found\""), std::string::npos) << scan.out;
-    EXPECT_NE(scan.err.find("could not be saved"), std::string::npos) << scan.err;
-}
-
 } // namespace
 } // namespace zelvor
