@@ -106,8 +106,9 @@ TEST_P(GstPlayed, SeekLandsAndTheCaptureHasTheLengthAndLevel) {
     const double peak = wav->Peak() / 16384.0;
     EXPECT_GE(peak, GetParam().minPeak);
     EXPECT_LE(peak, GetParam().maxPeak);
-    if (GetParam().maxPeak > 0)
+    if (GetParam().maxPeak > 0) {
         EXPECT_NEAR(Onset(*wav), 0.5, 0.1);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -116,7 +117,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Played{"Aac", Codec::Aac, 0, 0.73, 1.1},
                       Played{"Mp3Minus20dB", Codec::Mp3, -2000, 0.085, 0.115},
                       Played{"AacSilent", Codec::Aac, -10000, 0, 0}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& tp) { return std::string(tp.param.name); });
 
 TEST(GstRender, AFileNoDecoderTakesFailsQuickly) {
     TempDir dir;
