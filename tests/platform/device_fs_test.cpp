@@ -213,6 +213,15 @@ TEST(DeviceFileOperations, CreateMoveDeleteAndRefusals) {
     EXPECT_LE(space->freeBytesAvailableToCaller, space->totalFreeBytes);
 }
 
+// Only a file system of its own ("/" is its own parent) is a mount point.
+TEST(DeviceFileOperations, OnlyAFileSystemOfItsOwnIsAMountPoint) {
+    TestDevice dev;
+    EXPECT_TRUE(DeviceFileSystem("/").IsOwnMount(u"\\"));
+    EXPECT_FALSE(dev.Fs().IsOwnMount(u"\\Storage Card"));
+    EXPECT_FALSE(dev.Fs().IsOwnMount(u"\\No Card"));
+    EXPECT_FALSE(dev.Fs().TreeSignature(u"\\No Card", [](std::u16string_view) { return true; }));
+}
+
 TEST(DeviceFileOperations, RandomAccessReadWriteAndTruncate) {
     TestDevice dev;
     dev.WriteFile(u"\\Flash Disk\\f.bin", "0123456789");
