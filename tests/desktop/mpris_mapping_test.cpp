@@ -62,15 +62,10 @@ TEST(MprisMapping, LoopStatusBothWaysAndRepeatPresses) {
             EXPECT_TRUE(presses >= 0 && presses < 3 && (mode + presses) % 3 == to) << mode << to;
         }
     }
-    EXPECT_EQ(LoopStatusName(0), "None");
-    EXPECT_EQ(LoopStatusName(1), "Track");
-    EXPECT_EQ(LoopStatusName(2), "Playlist");
-    EXPECT_EQ(LoopStatusName(3), "None");
-    EXPECT_EQ(LoopStatusName(-1), "None");
+    EXPECT_EQ((std::vector<std::string_view>{LoopStatusName(0), LoopStatusName(1), LoopStatusName(2),
+                                        LoopStatusName(3), LoopStatusName(-1)}),
+              (std::vector<std::string_view>{"None", "Track", "Playlist", "None", "None"}));
     EXPECT_EQ(RepeatModeOf("track"), std::nullopt);
-}
-
-TEST(MprisMapping, TrackObjectPath) {
     EXPECT_EQ(TrackObjectPath(std::nullopt), "/org/mpris/MediaPlayer2/TrackList/NoTrack");
     EXPECT_EQ(TrackObjectPath(41u), "/org/mpris/MediaPlayer2/zelvor/track/41");
 }

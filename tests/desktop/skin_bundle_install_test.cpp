@@ -19,13 +19,6 @@ std::string Read(const fs::path& file) {
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
-TEST(InstalledSkinFolders, InstallFirstThenBuildTree) {
-    const auto folders = InstalledSkinFolders("/usr/bin");
-    ASSERT_EQ(folders.size(), 2u);
-    EXPECT_EQ(folders[0], fs::path("/usr/share/zelvor/skins"));
-    EXPECT_EQ(folders[1], fs::path("/usr/skins"));
-}
-
 TEST(ProvideSkinBundles, FillsInOnlyWhatIsMissingFromTheFirstSourceHoldingIt) {
     testing::TempDir dir;
     const fs::path target = dir.Path() / "program";
@@ -49,13 +42,6 @@ TEST(ProvideSkinBundles, FillsInOnlyWhatIsMissingFromTheFirstSourceHoldingIt) {
     Write(installed / "ZelvorGreen.rcc", "installed green");
     EXPECT_EQ(ProvideSkinBundles(target, {installed, build}), 1);
     EXPECT_EQ(Read(target / "ZelvorGreen.rcc"), "installed green");
-}
-
-TEST(ProvideSkinBundles, MissingTargetGetsNothing) {
-    testing::TempDir dir;
-    Write(dir.Path() / "src" / "ZelvorBlue.rcc", "blue");
-    EXPECT_EQ(ProvideSkinBundles(dir.Path() / "none", {dir.Path() / "src"}), 0);
-    EXPECT_FALSE(fs::exists(dir.Path() / "none"));
 }
 
 } // namespace

@@ -213,13 +213,10 @@ TEST(DeviceFileOperations, CreateMoveDeleteAndRefusals) {
     EXPECT_LE(space->freeBytesAvailableToCaller, space->totalFreeBytes);
 }
 
-// Only a folder that is a file system of its own has free space that tells
-// about it alone: "/" is one (its own parent), a folder of the test's disk
-// is not.
-TEST(DeviceFileOperations, AMountPointIsToldFromAFolderOfASharedDisk) {
-    DeviceFileSystem host("/");
-    EXPECT_TRUE(host.IsOwnMount(u"\\"));
+// Only a file system of its own ("/" is its own parent) is a mount point.
+TEST(DeviceFileOperations, OnlyAFileSystemOfItsOwnIsAMountPoint) {
     TestDevice dev;
+    EXPECT_TRUE(DeviceFileSystem("/").IsOwnMount(u"\\"));
     EXPECT_FALSE(dev.Fs().IsOwnMount(u"\\Storage Card"));
     EXPECT_FALSE(dev.Fs().IsOwnMount(u"\\No Card"));
     EXPECT_FALSE(dev.Fs().TreeSignature(u"\\No Card", [](std::u16string_view) { return true; }));

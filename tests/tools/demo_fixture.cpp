@@ -72,18 +72,13 @@ DemoDevice& Demo() {
         auto made = std::make_unique<DemoDevice>();
         made->rootA = made->dir.Path() / "a";
         made->rootB = made->dir.Path() / "b";
-        made->skins = made->dir.Path() / "skins";
-        fs::create_directories(made->skins);
-        std::ofstream(made->skins / "ZelvorBlue.rcc", std::ios::binary) << "blue skin";
-        std::ofstream(made->skins / "ZelvorGreen.rcc", std::ios::binary) << "green skin";
-        std::string skins = made->skins.string();
-        made->runA = RunDemoTool({"make", "--root", made->rootA.string(), "--skins", skins});
+        made->runA = RunDemoTool({"make", "--root", made->rootA.string()});
         // A stale device root for the --force run: the layout and a file that must go.
         fs::create_directories(made->rootB / "Storage Card" / "Old");
         fs::create_directories(made->rootB / "Flash Disk");
         std::ofstream(made->rootB / "Storage Card" / "Old" / "stale.mp3") << "stale";
         made->runB =
-            RunDemoTool({"make", "--skins", skins, "--root", made->rootB.string(), "--force"});
+            RunDemoTool({"make", "--root", made->rootB.string(), "--force"});
         std::string error;
         made->device = Device::Open({made->rootA}, &error);
         if (!made->device) {
@@ -95,18 +90,6 @@ DemoDevice& Demo() {
         return made;
     }();
     return *demo;
-}
-
-std::vector<std::u16string> ListFiles(const fs::path& hostFolder, const std::u16string& deviceFolder) {
-    std::vector<std::u16string> files;
-    for (const auto& entry : fs::recursive_directory_iterator(hostFolder)) {
-        if (!entry.is_regular_file())
-            continue;
-        std::u16string relative = FromUtf8(fs::relative(entry.path(), hostFolder).string());
-        std::replace(relative.begin(), relative.end(), u'/', u'\\');
-        files.push_back(deviceFolder + u"\\" + relative);
-    }
-    return files;
 }
 
 } // namespace zelvor::testing

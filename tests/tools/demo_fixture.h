@@ -2,8 +2,7 @@
 // The demo device the tests look at, made once per test program by the real
 // zelvor-demo (it runs ffmpeg, so it is the slow part): root "a" is made
 // fresh, root "b" over a stale device root with --force. Both must come out
-// byte for byte the same. Both runs get a skins folder that holds two of the
-// four skin files.
+// byte for byte the same.
 
 #include "platform/device.h"
 #include "tests/support/test_device.h"
@@ -40,7 +39,6 @@ struct ManifestRow {
 struct DemoDevice {
     TempDir dir;
     std::filesystem::path rootA, rootB;
-    std::filesystem::path skins; // holds ZelvorBlue.rcc and ZelvorGreen.rcc only
     ToolRun runA, runB;
     std::unique_ptr<Device> device; // opened on root a
     std::vector<ManifestRow> manifest;
@@ -70,9 +68,5 @@ protected:
 private:
     std::unique_ptr<ScopedCurrentDevice> m_scope;
 };
-
-// Every file below a host folder, as the device paths of `deviceFolder`.
-std::vector<std::u16string> ListFiles(const std::filesystem::path& hostFolder,
-                                      const std::u16string& deviceFolder);
 
 } // namespace zelvor::testing

@@ -84,8 +84,4 @@ std::optional<Id3v2Probe> ProbeId3v2(ByteView file) {
     return tag;
 }
 
-bool IsAdtsHeader(ByteView file, std::size_t at) {
-    return at + 7 <= file.size() && At(file, at) == 0xFF && (At(file, at + 1) & 0xF6) == 0xF0;
-}
-
 } // namespace zelvor::testing

@@ -24,7 +24,4 @@ struct Id3v2Probe {
 // "T") decoded by their encoding byte, trailing NULs removed.
 std::optional<Id3v2Probe> ProbeId3v2(ByteView file);
 
-// True when an ADTS frame header starts at `at`.
-bool IsAdtsHeader(ByteView file, std::size_t at);
-
 } // namespace zelvor::testing
