@@ -38,9 +38,8 @@ struct ScriptedQueue : EngineQueue {
 
     PlaybackEngine& engine;
     std::vector<std::u16string> paths;
-    int current = 0;
     std::vector<std::string> steps;
-    int advances = 0;
+    int current = 0, advances = 0;
     bool playOnAdvance = false;
 };
 

@@ -91,14 +91,6 @@ template <class Case> std::string Named(const ::testing::TestParamInfo<Case>& in
 constexpr std::int32_t kStopped = kPlayStateStopped, kPlaying = kPlayStatePlaying;
 const Names kAbc = {"a.mp3", "b.mp3", "c.mp3"};
 
-TEST(ProgramRandom, IsTheUnseededRuntimeSequence) {
-    ShuffleRandom random;
-    std::vector<int> draws;
-    for (int i = 0; i < 5; ++i)
-        draws.push_back(random.Next());
-    EXPECT_THAT(draws, ElementsAre(41, 18467, 6334, 26500, 19169));
-}
-
 struct EndCase {
     const char* name;
     int mode, ends;
@@ -113,14 +105,12 @@ TEST_P(AtTheEndOfATrack, TheRepeatModeDecidesWhatPlays) {
     rig.Play({"a.mp3", "b.mp3"}, 0, kPlaying);
     for (int i = 0; i < c.ends; ++i)
         rig.EndTrack();
-    EXPECT_EQ(rig.Current(), c.current);
-    EXPECT_EQ(rig.Loaded(), c.current);
+    EXPECT_EQ(rig.Current() + " " + rig.Loaded(), c.current + (" " + std::string(c.current)));
     EXPECT_EQ(rig.Engine().State(), c.state);
-    if (c.state == kStopped) { // on the last entry, at its start
-        EXPECT_EQ(rig.Queue().CounterText(), u"2/2");
-        EXPECT_EQ(rig.factory.current->position, 0);
-        EXPECT_EQ(rig.player->Position().Time(), TimeDisplay{});
-    }
+    if (c.state == kStopped) // on the last entry, at its start
+        EXPECT_EQ(std::tuple(rig.Queue().CounterText(), rig.factory.current->position,
+                             rig.player->Position().Time()),
+                  std::tuple(u"2/2", 0, TimeDisplay{}));
     EXPECT_EQ(rig.Queue().StepTrack(true, true), c.mode == kRepeatOff ? 0 : 1);
 }
 
@@ -131,29 +121,6 @@ INSTANTIATE_TEST_SUITE_P(
                       EndCase{"RepeatOffStopsAtTheLast", kRepeatOff, 2, "b.mp3", kStopped},
                       EndCase{"RepeatAllWraps", kRepeatAll, 2, "a.mp3", kPlaying}),
     Named<EndCase>);
-
-TEST(AtTheEnd, RepeatAllWithRandomNeverStartsANewOrderWithTheTrackThatEnded) {
-    QueueRig rig({true, kRepeatAll, false, 5});
-    rig.Play(kAbc, 0, kPlaying);
-    for (int track = 0; track < 60; ++track) {
-        const std::string ended = rig.Current();
-        rig.EndTrack();
-        ASSERT_NE(rig.Current(), ended) << track;
-    }
-}
-
-TEST(AtTheEnd, EntriesThatCannotBeOpenedAreSkippedAndNoneStops) {
-    QueueRig rig({false, kRepeatAll, false, 5});
-    rig.Play({"a.mp3", "b.wma", "c.aac", "d.mp3"}, 0, kPlaying);
-    rig.factory.script.unrenderable = {"b.wma", "c.aac"};
-    rig.EndTrack();
-    EXPECT_EQ(rig.Current(), "d.mp3");
-    EXPECT_EQ(rig.Engine().State(), kPlaying);
-    rig.factory.script.unrenderable = {"a.mp3", "b.wma", "c.aac", "d.mp3"};
-    rig.EndTrack();
-    EXPECT_EQ(rig.Engine().State(), kPlayStateStopped);
-    EXPECT_TRUE(rig.player->Slots().Empty());
-}
 
 struct StepCase {
     const char* name;
@@ -183,29 +150,25 @@ TEST_P(NextPrevious, StepByHand) {
     EXPECT_EQ(rig.view.waitCursor, (c.waited ? std::vector{true, false} : std::vector<bool>{}));
 }
 
+const Names kAwc = {"a.mp3", "b.wma", "c.aac"};
 INSTANTIATE_TEST_SUITE_P(
     Cases, NextPrevious,
     ::testing::Values(
-        StepCase{"PreviousWrapsToTheLast", kAbc, 0, kStopped, false, {}, "c.mp3", "c.mp3",
-                 kStopped, 0, false},
-        StepCase{"NextWrapsToTheFirst", kAbc, 2, kStopped, true, {}, "a.mp3", "a.mp3", kStopped,
-                 0, false},
-        StepCase{"WhilePlayingTheNewEntryPlays", kAbc, 0, kPlaying, true, {}, "b.mp3", "b.mp3",
-                 kPlaying, 0, false},
-        StepCase{"WhilePausedTheNewEntryPlays", kAbc, 1, kPlayStatePaused, false, {}, "a.mp3",
-                 "a.mp3", kPlaying, 0, false},
-        StepCase{"RepeatOneStillMovesOn", kAbc, 0, kPlaying, true, {}, "b.mp3", "b.mp3",
-                 kPlaying, 0, false, kRepeatOne},
-        StepCase{"ASingleEntryOnlyBeeps", {"a.mp3"}, 0, kPlaying, true, {}, "a.mp3", "a.mp3",
-                 kPlaying, 1, false},
-        StepCase{"AnEmptyQueueOnlyBeeps", {}, 0, kStopped, true, {}, "", "",
-                 kPlayStateEmpty, 1, false},
+        StepCase{"PreviousWraps", kAbc, 0, kStopped, false, {}, "c.mp3", "c.mp3", kStopped, 0, 0},
+        StepCase{"NextWraps", kAbc, 2, kStopped, true, {}, "a.mp3", "a.mp3", kStopped, 0, 0},
+        StepCase{"PlayingPlays", kAbc, 0, kPlaying, true, {}, "b.mp3", "b.mp3", kPlaying, 0, 0},
+        StepCase{"PausedPlays", kAbc, 1, kPlayStatePaused, false, {}, "a.mp3", "a.mp3", kPlaying,
+                 0, 0},
+        StepCase{"RepeatOneMovesOn", kAbc, 0, kPlaying, true, {}, "b.mp3", "b.mp3", kPlaying, 0,
+                 0, kRepeatOne},
+        StepCase{"SingleBeeps", {"a.mp3"}, 0, kPlaying, true, {}, "a.mp3", "a.mp3", kPlaying, 1, 0},
+        StepCase{"EmptyBeeps", {}, 0, kStopped, true, {}, "", "", kPlayStateEmpty, 1, 0},
         // Stopped: a beep after as many attempts as entries, even when the last worked.
-        StepCase{"StoppedFailuresBeep", {"a.mp3", "b.wma", "c.aac"}, 0, kStopped, true,
-                 {"b.wma", "c.aac"}, "a.mp3", "a.mp3", kStopped, 1, true},
+        StepCase{"StoppedFailuresBeep", kAwc, 0, kStopped, true, {"b.wma", "c.aac"}, "a.mp3",
+                 "a.mp3", kStopped, 1, 1},
         // Nothing plays, so nothing shows as playing.
-        StepCase{"WhilePlayingNothingOpens", {"a.mp3", "b.wma"}, 0, kPlaying, true,
-                 {"a.mp3", "b.wma"}, "a.mp3", "", kStopped, 1, true}),
+        StepCase{"NothingOpens", {"a.mp3", "b.wma"}, 0, kPlaying, true, {"a.mp3", "b.wma"},
+                 "a.mp3", "", kStopped, 1, 1}),
     Named<StepCase>);
 
 TEST(Shuffle, IsAPermutationThatNeverPutsTheLastEntryFirstUnlessTheOrderIsKept) {
@@ -234,34 +197,6 @@ TEST(Shuffle, IsAPermutationThatNeverPutsTheLastEntryFirstUnlessTheOrderIsKept) 
     }
 }
 
-// Title, artist and album with gaps; a title wider than its area scrolls
-// after twenty spaces; an empty queue shows a space for each text.
-TEST(TrackTexts, TitleArtistAlbumAndCounter) {
-    QueueRig rig;
-    TrackList source = rig.Source({"a.mp3", "Some Song.wma", "abcdefghij.mp3", "abcdefghijk"});
-    source.TrackAt(0)->SetField(kFieldArtist, u"Artist");
-    source.TrackAt(0)->SetField(kFieldAlbum, u"Album");
-    source.TrackAt(1)->SetField(kFieldTitle, u"");
-    source.TrackAt(1)->SetField(kFieldAlbum, u"Album");
-    rig.view.titleAreaWidth = 66; // 11 characters of 6 pixels
-    rig.Queue().ReplaceQueue(source);
-    EXPECT_EQ(rig.Queue().TitleText(), u"Ta    Artist    Album" + std::u16string(20, u' '));
-    rig.Queue().SelectEntry(1);
-    EXPECT_EQ(rig.Queue().TitleText(), u"Some Song    Album" + std::u16string(20, u' '));
-    EXPECT_EQ(rig.Queue().CounterText(), u"2/4");
-    rig.Queue().SelectEntry(2);
-    EXPECT_EQ(rig.Queue().TitleText(), u"Tabcdefghij"); // exactly as wide: no scrolling
-    EXPECT_FALSE(rig.Queue().TitleScrolls());
-    rig.Queue().SetTitleScrollOffset(5);
-    rig.Queue().SelectEntry(3);
-    EXPECT_TRUE(rig.Queue().TitleScrolls());
-    EXPECT_EQ(rig.Queue().TitleScrollOffset(), 0);
-    rig.Queue().ReplaceQueue(TrackList{});
-    EXPECT_EQ(rig.Queue().TitleText() + rig.Queue().CounterText(), u"  ");
-    EXPECT_EQ(rig.player->Buttons().State(kButtonPlay), kDisplayHidden);
-    EXPECT_EQ(rig.player->Buttons().State(kButtonNext), kDisplayHidden);
-}
-
 // Playing or paused, the track plays on at the head of the new order;
 // stopped, the new order's first entry is loaded.
 TEST(ToggleRandom, ThePlayingTrackHeadsTheNewOrder) {
@@ -281,7 +216,6 @@ TEST(ToggleRandom, ThePlayingTrackHeadsTheNewOrder) {
         EXPECT_TRUE(rig.HeadHoldsSmallestKey());
         EXPECT_EQ(rig.Queue().CounterText(), // the playlist's own order
                   FromUtf8(std::to_string(rig.Current()[0] - 'a' + 1) + "/5"));
-        EXPECT_EQ(rig.player->Buttons().State(kButtonRandomOn), kDisplayNormal);
         EXPECT_THAT(rig.view.waitCursor, ElementsAre(true, false));
         rig.Queue().ToggleRandom();
         EXPECT_EQ(rig.Order(), own);
@@ -306,8 +240,7 @@ Names QueueFileOrder() {
 TEST(LoadQueue, DropsVanishedFilesNumbersTheRestAndLoadsTheFirstStopped) {
     QueueRig rig;
     rig.Queue().LoadQueue(); // no file: an empty queue
-    EXPECT_EQ(rig.Queue().EntryCount(), 0);
-    EXPECT_TRUE(rig.factory.log.empty());
+    EXPECT_TRUE(rig.Queue().EntryCount() == 0 && rig.factory.log.empty());
     WriteQueueFile(rig, {"a.mp3", "gone.mp3", "b.mp3"});
     std::filesystem::remove(rig.device.Host(kMusic + u"gone.mp3"));
     rig.Queue().LoadQueue();
@@ -317,17 +250,6 @@ TEST(LoadQueue, DropsVanishedFilesNumbersTheRestAndLoadsTheFirstStopped) {
     EXPECT_EQ(rig.Queue().CounterText(), u"1/2");
     rig.player.reset();
     EXPECT_THAT(QueueFileOrder(), ElementsAre("a.mp3", "b.mp3"));
-
-    // Unchanged, the queue is not written again.
-    auto host = rig.device.Host(GetCurrentPlaylistPath());
-    auto stamp = std::filesystem::last_write_time(host) - std::chrono::hours(1);
-    std::filesystem::last_write_time(host, stamp);
-    rig.player = std::make_unique<Player>(rig.factory, rig.view, rig.random);
-    rig.Queue().LoadQueue();
-    rig.Queue().NextCommand();
-    EXPECT_EQ(rig.Queue().CounterText(), u"2/2");
-    rig.player.reset();
-    EXPECT_EQ(std::filesystem::last_write_time(host), stamp);
 }
 
 TEST(SavedQueue, IsWrittenHiddenInThePlaylistsOwnOrderWhenRandom) {
@@ -345,10 +267,8 @@ TEST(SavedQueue, IsWrittenHiddenInThePlaylistsOwnOrderWhenRandom) {
 struct HandOverCase {
     const char* name;
     std::vector<int> removed;
-    bool playing;
-    std::string current; // what is loaded afterwards
-    std::string next;    // what Next loads then
-    bool sameGraph;      // the current track was not reopened
+    std::string current, next; // what is loaded afterwards, and what Next loads then
+    bool playing, sameGraph;   // sameGraph: the current track was not reopened
 };
 class HandOver : public ::testing::TestWithParam<HandOverCase> {};
 
@@ -363,8 +283,7 @@ TEST_P(HandOver, TheHandedListIsWhatPlaysNextAndIsSavedAtOnce) {
         copy.RemoveTrack(*it);
     const long graphs = rig.Graphs();
     rig.Queue().ReplaceQueueKeepingCurrent(copy);
-    EXPECT_EQ(rig.Current(), c.current);
-    EXPECT_EQ(rig.Loaded(), c.current);
+    EXPECT_EQ(rig.Current() + " " + rig.Loaded(), c.current + " " + c.current);
     EXPECT_EQ(rig.Engine().State(), c.playing ? kPlaying : kPlayStateStopped);
     EXPECT_EQ(rig.Graphs() == graphs, c.sameGraph);
     EXPECT_EQ(QueueFileOrder(), rig.Order());
@@ -375,54 +294,13 @@ TEST_P(HandOver, TheHandedListIsWhatPlaysNextAndIsSavedAtOnce) {
 
 INSTANTIATE_TEST_SUITE_P(
     Cases, HandOver,
-    ::testing::Values(HandOverCase{"KeptWhilePlaying", {1, 3}, true, "c.mp3", "e.mp3", true},
-                      HandOverCase{"KeptStopped", {3}, false, "c.mp3", "e.mp3", true},
-                      HandOverCase{"RemovedWhilePlaying", {2, 3}, true, "e.mp3", "a.mp3", false},
-                      HandOverCase{"RemovedStopped", {2}, false, "d.mp3", "e.mp3", false},
-                      HandOverCase{"RemovedWithNoneAfter", {2, 3, 4}, true, "a.mp3", "b.mp3", false},
-                      HandOverCase{"RemovedWithAllBefore", {0, 1, 2}, true, "d.mp3", "e.mp3", false}),
+    ::testing::Values(HandOverCase{"KeptWhilePlaying", {1, 3}, "c.mp3", "e.mp3", true, true},
+                      HandOverCase{"KeptStopped", {3}, "c.mp3", "e.mp3", false, true},
+                      HandOverCase{"RemovedWhilePlaying", {2, 3}, "e.mp3", "a.mp3", true, false},
+                      HandOverCase{"RemovedStopped", {2}, "d.mp3", "e.mp3", false, false},
+                      HandOverCase{"RemovedWithNoneAfter", {2, 3, 4}, "a.mp3", "b.mp3", true, false},
+                      HandOverCase{"RemovedWithAllBefore", {0, 1, 2}, "d.mp3", "e.mp3", true, false}),
     Named<HandOverCase>);
-
-TEST(HandOver, WithRandomTheCopyIsInOwnOrderAndTheKeptTrackHeadsTheNewOrder) {
-    QueueRig rig({true, kRepeatOff, false, 5});
-    const Names own = {"a", "b", "c", "d", "e", "f"};
-    for (int round = 1; round < 6; ++round) {
-        rig.Play(own, round);
-        const std::string playing = rig.Current();
-        TrackList copy;
-        rig.Queue().CopyEntries(copy);
-        rig.Queue().ReplaceQueueKeepingCurrent(copy);
-        EXPECT_EQ(QueueFileOrder(), own);
-        EXPECT_EQ(rig.Queue().CurrentIndex(), 0);
-        EXPECT_TRUE(rig.HeadHoldsSmallestKey());
-        EXPECT_EQ(rig.Current(), playing);
-    }
-}
-
-TEST(PlayerLifetime, SettingsAreReadAtStartAndWrittenAtTheEndWithThePlayingGraphReleased) {
-    QueueRig rig({true, kRepeatAll, true, 9});
-    EXPECT_TRUE(rig.Queue().Random());
-    EXPECT_EQ(rig.Queue().RepeatMode(), kRepeatAll);
-    EXPECT_TRUE(rig.player->Volume().Muted());
-    for (int expected : {kRepeatOff, kRepeatOne, kRepeatAll, kRepeatOff}) { // one image shows
-        for (int mode : {kRepeatOff, kRepeatOne, kRepeatAll})
-            EXPECT_EQ(rig.player->Buttons().State(kButtonRepeatOff + mode) == kDisplayNormal,
-                      mode == rig.Queue().RepeatMode());
-        rig.Queue().CycleRepeat();
-        EXPECT_EQ(rig.Queue().RepeatMode(), expected);
-    }
-    rig.player->Volume().VolumeStep(true);
-    rig.Play({"a.mp3"}, 0, kPlaying);
-    ASSERT_TRUE(rig.view.TimerRunning(kTimerPosition));
-    rig.player.reset();
-    EXPECT_FALSE(rig.view.TimerRunning(kTimerPosition));
-    EXPECT_EQ(rig.factory.liveGraphs, 0);
-    PlayerSettings saved = LoadPlayerSettings();
-    EXPECT_EQ(saved.repeatMode, kRepeatOff);
-    EXPECT_FALSE(saved.muted);
-    EXPECT_EQ(saved.volumeIndex, 10);
-    EXPECT_TRUE(saved.random);
-}
 
 } // namespace
 } // namespace zelvor

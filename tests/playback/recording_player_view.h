@@ -12,7 +12,7 @@ namespace zelvor::testing {
 
 class RecordingPlayerView : public PlayerView {
 public:
-    void InvalidateButton(int button) override { repaintedButtons.push_back(button); }
+    void InvalidateButton(int) override {}
     void InvalidateSeekThumb() override { ++thumbRepaints; }
     void InvalidateTimeDisplay() override { ++timeRepaints; }
     void InvalidateRemainingMarker() override { ++markerRepaints; }
@@ -36,21 +36,13 @@ public:
     bool TimerRunning(int id) override { return timers.count(id) > 0; }
     void SetMouseCapture(bool captured) override { mouseCaptured = captured; }
 
-    std::vector<int> repaintedButtons;
     std::vector<std::int32_t> states;
     std::vector<bool> waitCursor;
     std::map<int, int> timers; // running timers: id -> period
     std::vector<int> timerStarts;
-    int thumbRepaints = 0;
-    int timeRepaints = 0;
-    int markerRepaints = 0;
-    int volumeRepaints = 0;
-    int fullRepaints = 0;
-    int erasedRepaints = 0;
-    int updates = 0;
-    int trackTextChanges = 0;
-    int beeps = 0;
-    int focusRequests = 0;
+    int thumbRepaints = 0, timeRepaints = 0, markerRepaints = 0, volumeRepaints = 0;
+    int fullRepaints = 0, erasedRepaints = 0, updates = 0, trackTextChanges = 0;
+    int beeps = 0, focusRequests = 0;
     int titleAreaWidth = 120;
     bool mouseCaptured = false;
 };

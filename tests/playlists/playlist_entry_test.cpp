@@ -1,3 +1,5 @@
+#include <array>
+
 #include <gtest/gtest.h>
 
 #include "playlists/playlist_entry_list.h"
@@ -26,41 +28,26 @@ TEST(PlaylistEntry, TextsOneToThreeAreKeptApartAndOtherNumbersIgnored) {
 // The copy keeps text 1 and the numbers; text 3, when there is one, becomes
 // text 2, and the copy has no text 3.
 TEST(PlaylistEntry, CopyMovesTextThreeIntoTextTwo) {
-    struct Case {
-        const char16_t *t2, *t3, *copiedT2; // nullptr: none
-    };
-    for (Case c : {Case{u"two", u"three", u"three"}, Case{u"two", nullptr, u"two"},
-                   Case{nullptr, u"three", u"three"}, Case{nullptr, nullptr, nullptr}}) {
+    using Texts = std::array<const char16_t*, 3>; // texts 2 and 3, text 2 of the copy; nullptr: none
+    for (Texts c : {Texts{u"two", u"three", u"three"}, Texts{u"two", nullptr, u"two"},
+                    Texts{nullptr, u"three", u"three"}, Texts{nullptr, nullptr, nullptr}}) {
         PlaylistEntry e(u"\\path.mp3");
-        if (c.t2)
-            e.SetText(2, c.t2);
-        if (c.t3)
-            e.SetText(3, c.t3);
+        for (int which : {2, 3})
+            if (c[which - 2])
+                e.SetText(which, c[which - 2]);
         e.SetTypeCode(2);
         e.SetLibraryIndex(7);
         e.SetValueC(8);
         e.SetValueD(-9);
         auto copy = e.Copy();
         EXPECT_EQ(copy->Text(1), u"\\path.mp3");
-        EXPECT_EQ(copy->HasText(2), c.copiedT2 != nullptr);
-        EXPECT_EQ(copy->Text(2), c.copiedT2 ? c.copiedT2 : u"");
+        EXPECT_EQ(copy->HasText(2), c[2] != nullptr);
+        EXPECT_EQ(copy->Text(2), c[2] ? c[2] : u"");
         EXPECT_FALSE(copy->HasText(3));
         EXPECT_EQ(std::make_tuple(copy->TypeCode(), copy->LibraryIndex(), copy->ValueC(),
                                   copy->ValueD()),
                   std::make_tuple(2, 7, 8, std::int16_t{-9}));
     }
-}
-
-TEST(PlaylistEntryList, InsertsBeforeAnIndexOrAppends) {
-    PlaylistEntryList list;
-    for (auto [text, index] : {std::pair{u"b", 0}, {u"a", 0}, {u"d", 2}, {u"c", 2}, {u"e", -7}})
-        EXPECT_EQ(list.Insert(std::make_unique<PlaylistEntry>(text), index), 1);
-    EXPECT_EQ(list.Insert(nullptr, 0), -1);
-    std::u16string order;
-    for (const auto& e : list)
-        order += e->Text(1);
-    EXPECT_EQ(order, u"abcde");
-    EXPECT_EQ(list.At(-1)->Text(1), u"e"); // -1: the last
 }
 
 } // namespace

@@ -46,23 +46,20 @@ protected:
     TestDevice device;
 };
 
-struct WriteCase {
-    const char* name;
-    Paths list;
-    std::string bytes;
-    Paths loaded; // what loading the file gives
-};
-struct LoadCase {
+// The bytes of a file and what loading it gives; a written case also
+// has the list it was written from.
+struct FileCase {
     const char* name;
     std::string bytes;
     Paths loaded;
+    Paths list = {};
 };
 template <class Case> std::string CaseName(const ::testing::TestParamInfo<Case>& info) {
     return info.param.name;
 }
 
-class WrittenFiles : public PlaylistFile, public ::testing::WithParamInterface<WriteCase> {};
-class CraftedFiles : public PlaylistFile, public ::testing::WithParamInterface<LoadCase> {};
+class WrittenFiles : public PlaylistFile, public ::testing::WithParamInterface<FileCase> {};
+class CraftedFiles : public PlaylistFile, public ::testing::WithParamInterface<FileCase> {};
 
 TEST_P(WrittenFiles, AreByteForByteAndLoadBack) {
     ASSERT_EQ(SavePlaylist(kFile, ListOf(GetParam().list)), 1);
@@ -83,36 +80,36 @@ const std::u16string kA = u"\\Storage Card\\a.mp3", kB = u"\\Flash Disk\\ü b.wm
 INSTANTIATE_TEST_SUITE_P(
     Lists, WrittenFiles,
     ::testing::Values(
-        WriteCase{"TwoPaths", {kA, kB}, MplHeader(2) + MplEntry(kA) + MplEntry(kB), {kA, kB}},
-        WriteCase{"EmptyIsTheHeaderAlone", {}, MplHeader(0), {}},
+        FileCase{"TwoPaths", MplHeader(2) + MplEntry(kA) + MplEntry(kB), {kA, kB}, {kA, kB}},
+        FileCase{"EmptyIsTheHeaderAlone", MplHeader(0), {}, {}},
         // Counted, yet not written: the reader meets the end early.
-        WriteCase{"EmptyPathsLeftOutButCounted", {kA, u"", kB},
-                  MplHeader(3) + MplEntry(kA) + MplEntry(kB), {kA, kB}},
+        FileCase{"EmptyPathsLeftOutButCounted", MplHeader(3) + MplEntry(kA) + MplEntry(kB),
+                 {kA, kB}, {kA, u"", kB}},
         // 260 characters are written, though the reader passes over them.
-        WriteCase{"PathsOfUpTo260Characters", {kTooLong + u"p", kTooLong},
-                  MplHeader(2) + MplEntry(kTooLong), {}}),
-    CaseName<WriteCase>);
+        FileCase{"PathsOfUpTo260Characters", MplHeader(2) + MplEntry(kTooLong), {},
+                 {kTooLong + u"p", kTooLong}}),
+    CaseName<FileCase>);
 
 INSTANTIATE_TEST_SUITE_P(
     Files, CraftedFiles,
     ::testing::Values(
-        LoadCase{"RelativePathsAreInTheMusicFolder",
+        FileCase{"RelativePathsAreInTheMusicFolder",
                  MplHeader(2) + MplEntry(u"Album\\track.mp3") + MplEntry(u"x.aac"),
                  {kMusic + u"\\Album\\track.mp3", kMusic + u"\\x.aac"}},
-        LoadCase{"WrongMagic",
+        FileCase{"WrongMagic",
                  testing::WideZ(u"zlv10") + testing::U32(1) + testing::Zeros(32) + MplEntry(kA), {}},
-        LoadCase{"NegativeCount", MplHeader(-1) + MplEntry(kA), {}},
-        LoadCase{"OverlongEntryIsPassedOver",
+        FileCase{"NegativeCount", MplHeader(-1) + MplEntry(kA), {}},
+        FileCase{"OverlongEntryIsPassedOver",
                  MplHeader(3) + MplEntry(kA) + MplEntry(kTooLong) + MplEntry(kB), {kA, kB}},
-        LoadCase{"LongestPath", MplHeader(1) + MplEntry(kLongest), {kLongest}},
-        LoadCase{"OddLengthEndsTheLoad",
+        FileCase{"LongestPath", MplHeader(1) + MplEntry(kLongest), {kLongest}},
+        FileCase{"OddLengthEndsTheLoad",
                  MplHeader(3) + MplEntry(kA) + U16(5) + "\\\0b\0\0"s + MplEntry(kB), {kA}},
         // A path filling its length without a NUL is taken whole; a NUL
         // alone, or no bytes, is an entry with an empty path.
-        LoadCase{"PathWithoutNulOrEmpty",
+        FileCase{"PathWithoutNulOrEmpty",
                  MplHeader(4) + U16(4) + "\\\0x\0"s + U16(2) + U16(0) + U16(0) + MplEntry(kA),
                  {u"\\x", u"", u"", kA}}),
-    CaseName<LoadCase>);
+    CaseName<FileCase>);
 
 TEST_F(PlaylistFile, AMissingFileGivesZeroAndAnEmptyList) {
     PlaylistEntryList list = ListOf({u"\\x"});
@@ -133,9 +130,6 @@ TEST_F(PlaylistFile, TruncationAtEveryOffsetKeepsTheWholeEntriesBeforeIt) {
         for (const std::string& e : entries)
             complete += (end += e.size()) <= cut;
         ASSERT_EQ(static_cast<size_t>(list.Count()), complete);
-        if (complete > 0) {
-            EXPECT_EQ(list.At(0)->Text(1), u"\\one.mp3");
-        }
         auto file = CurrentDevice().FileSystem().OpenFile(kFile, FileMode::Read);
         EXPECT_EQ(ReadPlaylist(*file, kMusic, list), cut >= kPlaylistHeaderBytes);
     }

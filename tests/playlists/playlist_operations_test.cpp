@@ -64,27 +64,21 @@ TEST_F(PlaylistOperations, RenameMovesTheFileUnlessTheNameIsTakenOrUnusable) {
                                         "Rename Failed !", "Rename Failed !", "Rename Failed !"}));
     EXPECT_EQ(feedback.types[0], kMbOk);
     EXPECT_TRUE(FinishRename(rows, 0, u"Drive", true, feedback));
-    EXPECT_EQ(rows[0].name, u"Drive");
-    EXPECT_EQ(rows[0].path, InFolder(u"Drive"));
-    EXPECT_TRUE(Exists(InFolder(u"Drive")));
-    EXPECT_FALSE(Exists(InFolder(u"Road")));
+    EXPECT_EQ(std::tie(rows[0].name, rows[0].path), std::make_tuple(u"Drive", InFolder(u"Drive")));
+    EXPECT_TRUE(Exists(InFolder(u"Drive")) && !Exists(InFolder(u"Road")));
     CurrentDevice().FileSystem().DeleteFile(InFolder(u"Drive"));
     EXPECT_FALSE(FinishRename(rows, 0, u"Gone", true, feedback)); // the move fails
     EXPECT_EQ(feedback.messages.back(), "Rename Failed !");
 }
 
 TEST_F(PlaylistOperations, DeleteSelectsTheSamePositionOrTheNewLastRow) {
-    struct Case {
-        int rowCount, deleted, selected;
-    };
-    for (Case c : {Case{3, 2, 1}, Case{1, 0, -1}, Case{3, 0, 0}, Case{3, 1, 1}}) {
+    for (auto [rowCount, deleted, selected] : {std::tuple{3, 2, 1}, {1, 0, -1}, {3, 0, 0}, {3, 1, 1}}) {
         std::vector<PlaylistRow> rows = Rows({u"A", u"B", u"C"});
-        rows.resize(static_cast<size_t>(c.rowCount));
-        const std::u16string doomed = rows[static_cast<size_t>(c.deleted)].path;
-        const RowsAfterDeletion result = DeletePlaylist(rows, c.deleted, feedback);
-        EXPECT_TRUE(result.deleted);
-        EXPECT_EQ(result.selectRow, c.selected) << c.rowCount << " rows, deleted " << c.deleted;
-        EXPECT_FALSE(Exists(doomed));
+        rows.resize(static_cast<size_t>(rowCount));
+        const std::u16string doomed = rows[static_cast<size_t>(deleted)].path;
+        const RowsAfterDeletion result = DeletePlaylist(rows, deleted, feedback);
+        EXPECT_TRUE(result.deleted && !Exists(doomed));
+        EXPECT_EQ(result.selectRow, selected) << rowCount << " rows, deleted " << deleted;
         for (size_t i = 0; i < rows.size(); ++i)
             EXPECT_EQ(rows[i].number, static_cast<int>(i)); // numbers stay in step
     }
@@ -113,8 +107,7 @@ TEST_F(PlaylistOperations, DeleteSongsTakesThemFromTheRowsAndTheFile) {
         DeleteSongsFromPlaylist(file, rows, std::vector<int>{0, 1}, feedback);
     EXPECT_EQ(Read(file), (Paths{u"\\a", u"\\c"}));
     ASSERT_EQ(rows.Count(), 2);
-    EXPECT_EQ(rows.At(0)->ValueC(), 1); // entry 2 moved up to 1
-    EXPECT_EQ(rows.At(1)->ValueC(), 0);
+    EXPECT_EQ(std::make_pair(rows.At(0)->ValueC(), rows.At(1)->ValueC()), std::pair(1, 0)); // 2 moved up
     EXPECT_EQ(result.selectRow, 0); // min(2 - 1, 1 - 2 + 1)
     EXPECT_EQ(feedback.sounds, Texts{"\\Windows\\DeleteSong.wav"});
     EXPECT_EQ(feedback.beeps, 2);
@@ -144,33 +137,6 @@ TEST_F(PlaylistOperations, AddingASongTwiceListsItTwice) {
     EXPECT_FALSE(AddToPlaylistFile(InFolder(u"Odd"), song, feedback));
     EXPECT_FALSE(AddToPlaylistFile(file, {}, feedback));
     EXPECT_EQ(feedback.beeps, 2);
-}
-
-// A list grown past what a file can count is refused with a beep: the
-// user's file keeps every song it had, and no new file is announced.
-TEST_F(PlaylistOperations, AddingPastTheLongestStorableListBeepsAndKeepsTheFile) {
-    const std::u16string file = InFolder(u"Full");
-    const Paths full(kMaxPlaylistEntries, u"\\Storage Card\\a.mp3");
-    Write(file, full);
-    EXPECT_FALSE(AddToPlaylistFile(file, Paths{u"\\b.mp3"}, feedback));
-    EXPECT_EQ(Read(file).size(), full.size());
-    EXPECT_EQ(AddToNewPlaylist(Paths(kMaxPlaylistEntries + 1, u"\\c.mp3"), feedback), u"");
-    EXPECT_EQ(feedback.beeps, 2);
-    EXPECT_TRUE(feedback.sounds.empty());
-    EXPECT_TRUE(feedback.messages.empty());
-}
-
-TEST(PlaylistSongPaths, LibraryPathForLinkedRowsAndTheStoredPathOtherwise) {
-    TrackList library;
-    library.AddTrack(std::make_unique<TrackRecord>());
-    library.TrackAt(0)->SetField(kFieldPath, u"\\Card\\a.mp3");
-    PlaylistEntryList rows;
-    for (int index : {0, -1, 7}) {
-        rows.Insert(std::make_unique<PlaylistEntry>(u"\\Card\\gone.mp3"));
-        rows.At(-1)->SetLibraryIndex(index);
-    }
-    EXPECT_EQ(SongPaths(rows, std::vector<int>{2, 1, 0, -1, 9}, library),
-              (Paths{u"\\Card\\gone.mp3", u"\\Card\\a.mp3"}));
 }
 
 } // namespace

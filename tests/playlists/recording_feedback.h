@@ -28,10 +28,9 @@ public:
     }
 
     int beeps = 0;
-    std::vector<std::string> sounds;
-    std::vector<std::string> messages;
+    std::vector<std::string> sounds, messages;
     std::vector<int> types;
-    std::deque<int> answers;
+    std::deque<int> answers; // kIdYes once empty
 };
 
 } // namespace zelvor::testing
