@@ -97,6 +97,14 @@ TEST_F(FrameLibraryRules, AStopRequestKeepsTheLibraryAsItWas) {
     EXPECT_FALSE(player.Called("ReplaceQueue"));
 }
 
+// An update asked to refill replaces even a queue that holds entries.
+TEST_F(FrameLibraryRules, TheEndOfAnUpdateRefillsTheQueueOnRequest) {
+    player.queue = {"\\Flash Disk\\old.mp3"};
+    rules.Library().AddTrack(PathOnlyRecord(u"\\Flash Disk\\a.mp3", 0));
+    Handle(kMsgUpdateFinished, 1, 1);
+    EXPECT_EQ(player.queue, (std::vector<std::string>{"\\Flash Disk\\a.mp3"}));
+}
+
 struct ModeCase {
     const char* name;
     std::uint32_t trigger;
