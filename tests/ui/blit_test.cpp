@@ -33,20 +33,6 @@ QImage FramedSprite() {
     return sprite;
 }
 
-// Every pixel is copied, magenta included, and replaces rather than blends.
-TEST(DrawBitmap, CopiesEveryPixelAsItIs) {
-    QImage sprite = FramedSprite().convertToFormat(QImage::Format_ARGB32);
-    sprite.setPixel(2, 1, 0x80FF0000);
-    const QImage target = Painted(Filled(8, 8, 0xFF0000FF),
-                                  [&](QPainter& p) { DrawBitmap(p, sprite, 2, 3); });
-    EXPECT_EQ(target.pixel(2, 3), kMagenta);
-    EXPECT_EQ(target.pixel(3, 4), 0xFFFF0000u);
-    EXPECT_EQ(qRed(target.pixel(4, 4)), 0xFF * 0x80 / 0xFF);
-    EXPECT_EQ(qBlue(target.pixel(4, 4)), 0);
-    EXPECT_EQ(target.pixel(1, 3), 0xFF0000FFu);
-    EXPECT_EQ(target.pixel(6, 3), 0xFF0000FFu);
-}
-
 // Every pixel of the target: the source's where it was drawn, else the old.
 TEST(Blits, RestoreBackgroundAndTransparentBlitsTouchOnlyTheirPixels) {
     const QImage background = Gradient(10, 10);
@@ -68,18 +54,6 @@ TEST(Blits, RestoreBackgroundAndTransparentBlitsTouchOnlyTheirPixels) {
                 << x << "," << y;
         }
     }
-}
-
-TEST(DrawBitmapTransparent, DrawsOnlyTheSourcePartAtThePoint) {
-    QImage sprite = Filled(6, 1, 0xFF00FF00);
-    sprite.setPixel(4, 0, kMagenta);
-    const QImage target = Painted(Filled(10, 1, 0xFF000000), [&](QPainter& p) {
-        DrawBitmapTransparent(p, sprite, 1, 0, QRect(3, 0, 3, 1));
-    });
-    const QRgb expected[] = {0xFF000000u, 0xFF00FF00u, 0xFF000000u /* the magenta source pixel */,
-                             0xFF00FF00u, 0xFF000000u};
-    for (int x = 0; x < 5; ++x)
-        EXPECT_EQ(target.pixel(x, 0), expected[x]) << x;
 }
 
 TEST(Blits, ANullBitmapDrawsNothing) {

@@ -1,11 +1,10 @@
-// Where the player, browser and play-list panel put their parts, in both
+// Where the player and browser put their parts, in both
 // orientations: on screen, apart from each other, large enough to touch.
 
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
-#include "ui/rules/layout/browser_layout.h"
 #include "ui/rules/layout/player_layout.h"
 
 namespace zelvor {
@@ -83,47 +82,9 @@ TEST_P(LayoutTest, PlayerButtonsAreLargeEnoughToTouchAndOnlyTheTransportHasAThir
     EXPECT_LE(kSeekThumbSize.height, place.size.height);
 }
 
-TEST_P(LayoutTest, BrowserButtonsStayOffTheListAndOffEachOther) {
-    const BrowserLayout layout = BrowserLayoutFor(GetParam());
-    const PixelRect screen{0, 0, layout.screen.width, layout.screen.height};
-    EXPECT_TRUE(screen.Contains(layout.list));
-    for (int a = 0; a < kBrowserButtonCount; ++a) {
-        const PixelRect ra = layout.buttons[static_cast<std::size_t>(a)].rect;
-        EXPECT_TRUE(screen.Contains(ra)) << a;
-        EXPECT_FALSE(ra.Intersects(layout.list)) << a;
-        EXPECT_EQ(ra.Width(), kImageButtonSize.width);
-        EXPECT_EQ(ra.Height(), kImageButtonSize.height);
-        for (int b = a + 1; b < kBrowserButtonCount; ++b) {
-            const bool sharedPlace = a == kBrowserFavourites && b == kBrowserDeleteFavourite;
-            EXPECT_EQ(ra.Intersects(layout.buttons[static_cast<std::size_t>(b)].rect),
-                      sharedPlace)
-                << a << " and " << b;
-        }
-    }
-    // The status line runs from below the list to the bottom.
-    EXPECT_EQ(layout.status, (PixelRect{layout.list.left, layout.list.bottom + 1,
-                                        layout.list.right, layout.screen.height}));
-}
-
 INSTANTIATE_TEST_SUITE_P(BothOrientations, LayoutTest,
                          ::testing::Values(ScreenOrientation::Portrait,
                                            ScreenOrientation::Landscape));
-
-TEST(PlayListPanelLayout, ButtonsAreVisibleInAPortraitPaneAndClearOfTheList) {
-    const PanelLayout& panel = PlayListPanelLayout();
-    const PixelRect portraitPane{0, 0, 240, 320};
-    for (std::size_t a = 0; a < panel.buttons.size(); ++a) {
-        const PixelRect ra = panel.buttons[a].rect;
-        EXPECT_TRUE(portraitPane.Contains(ra)) << a;
-        EXPECT_FALSE(ra.Intersects(panel.list)) << a;
-        EXPECT_EQ(panel.buttons[a].command, 1002 + static_cast<int>(a));
-        for (std::size_t b = a + 1; b < panel.buttons.size(); ++b)
-            EXPECT_FALSE(ra.Intersects(panel.buttons[b].rect)) << a << " and " << b;
-    }
-    // The background covers a pane of either orientation.
-    EXPECT_GE(panel.background.width, 320);
-    EXPECT_GE(panel.background.height, 320);
-}
 
 TEST(PlayerLayout, OrientationFollowsTheLongerSide) {
     EXPECT_EQ(OrientationOf(240, 320), ScreenOrientation::Portrait);

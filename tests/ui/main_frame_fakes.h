@@ -2,13 +2,12 @@
 // Stand-ins for the frame's panes and for the world outside the program,
 // recording what the frame asks of them.
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <string>
 #include <vector>
 
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QWidget>
 
 #include "library/track_list.h"
@@ -56,10 +55,7 @@ public:
     }
 
     bool Called(const std::string& name) const {
-        for (const auto& c : calls)
-            if (c == name)
-                return true;
-        return false;
+        return std::find(calls.begin(), calls.end(), name) != calls.end();
     }
 
     std::vector<std::string> calls;
@@ -90,26 +86,7 @@ public:
             onDestroy();
     }
     QWidget* Widget() override { return this; }
-    std::function<void()> onDestroy;
-    std::vector<int> keys;     // Qt key codes pressed on the pane
-    std::vector<QPoint> taps;  // where the pane was tapped (released)
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() == Qt::Key_Escape) {
-            event->ignore(); // left to the frame, as the real screen does
-            return;
-        }
-        keys.push_back(event->key());
-    }
-    void mouseReleaseEvent(QMouseEvent* event) override {
-        taps.push_back(event->position().toPoint());
-        if (onTap)
-            onTap(taps.back());
-    }
-
-public:
-    std::function<void(QPoint)> onTap; // after the tap is recorded
+    std::function<void()> onDestroy; // keys are left to the frame, as Escape is
 };
 
 class FakeBrowserScreen final : public QWidget, public RecordingBrowser {

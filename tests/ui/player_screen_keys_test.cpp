@@ -55,23 +55,16 @@ INSTANTIATE_TEST_SUITE_P(
         KeyCase{"ReturnPlays", Qt::Key_Return, kKeyReturn, false, kPlaying, 0, 5},
         KeyCase{"EnterPauses", Qt::Key_Enter, kKeyReturn, true, kPaused, 0, 5},
         KeyCase{"PlayKeyPlays", Qt::Key_MediaPlay, kKeyHardPlay, false, kPlaying, 0, 5},
-        KeyCase{"PauseKeyPauses", Qt::Key_MediaPause, kKeyHardPlay, true, kPaused, 0, 5},
         KeyCase{"RightSteps", Qt::Key_Right, kKeyRight, false, kStopped, 1, 5},
         KeyCase{"NextKeyStepsAndPlays", Qt::Key_MediaNext, kKeyHardNext, true, kPlaying,
                 1, 5},
         KeyCase{"LeftWrapsToTheLast", Qt::Key_Left, kKeyLeft, false, kStopped, 2, 5},
-        KeyCase{"PreviousKey", Qt::Key_MediaPrevious, kKeyHardPrevious, true, kPlaying,
-                2, 5},
         KeyCase{"Up", Qt::Key_Up, kKeyUp, false, kStopped, 0, 6},
-        KeyCase{"VolumeUpKey", Qt::Key_VolumeUp, kKeyHardVolumeUp, true, kPlaying, 0, 6},
-        KeyCase{"Down", Qt::Key_Down, kKeyDown, false, kStopped, 0, 4},
         KeyCase{"VolumeDownKey", Qt::Key_VolumeDown, kKeyHardVolumeDown, true, kPlaying,
                 0, 4},
         KeyCase{"StopKey", Qt::Key_MediaStop, kKeyHardStop, true, kStopped, 0, 5},
         KeyCase{"TheOtherStopKey", Qt::Key_Stop, kKeyStopButton, true, kStopped, 0, 5},
         KeyCase{"SeekPlaysFromStopped", Qt::Key_Period, kKeySeekForward, false,
-                kPlaying, 0, 5},
-        KeyCase{"SeekBackPlaysFromStopped", Qt::Key_Comma, kKeySeekBack, false,
                 kPlaying, 0, 5}),
     [](const auto& param) { return std::string(param.param.name); });
 
@@ -113,13 +106,13 @@ TEST(PlayerKeys, OnlyTheVolumeKeysRepeatWhileHeld) {
 TEST(PlayerKeys, OtherKeysAreLeftToTheFrame) {
     ScreenRig rig;
     rig.PlayList({u"a.mp3"});
-    const std::size_t mark = rig.factory.log.size();
+    rig.factory.log.clear();
     for (int key : {Qt::Key_Escape, Qt::Key_A, Qt::Key_F1, Qt::Key_Space}) {
         EXPECT_FALSE(rig.KeyPress(key)) << key;
         rig.KeyRelease(key);
         EXPECT_FALSE(PlayerKeyDown(rig.GetPlayer(), DeviceKeyOf(key))) << key;
     }
-    EXPECT_EQ(rig.factory.LogSince(mark), std::vector<std::string>{});
+    EXPECT_EQ(rig.factory.log, std::vector<std::string>{});
 }
 
 } // namespace

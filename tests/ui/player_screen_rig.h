@@ -123,14 +123,6 @@ inline std::string SeekTo(std::int64_t seconds) {
     INSTANTIATE_TEST_SUITE_P(                                                               \
         BothOrientations, Suite,                                                            \
         ::testing::Values(ScreenOrientation::Portrait, ScreenOrientation::Landscape),       \
-        [](const auto& p) {                                                                 \
-            return std::string(p.param == ScreenOrientation::Portrait ? "Portrait"       \
-                                                                         : "Landscape");    \
-        })
-
-// The colour of an image at a point, for comparing what was painted.
-inline QRgb PixelAt(const QImage& image, QPoint at) {
-    return image.pixel(at) | 0xFF000000u;
-}
+        [](const auto& p) { return p.param == ScreenOrientation::Portrait ? "Portrait" : "Landscape"; })
 
 } // namespace zelvor::testing

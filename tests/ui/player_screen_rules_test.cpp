@@ -96,43 +96,6 @@ TEST_P(ScreenGeometryTest, AButtonWhoseImageDidNotLoadIsNotHit) {
     EXPECT_EQ(ButtonArea(geometry, kButtonLibrary), place);
 }
 
-TEST_P(ScreenGeometryTest, TheSeekBarsAreaHoldsTheThumbAnywhereOnItsTravel) {
-    const ScreenGeometry geometry = Geometry();
-    SeekBar bar;
-    const PixelRect& image = geometry.buttons[kButtonSeekBar];
-    bar.SetGeometry(image.left, image.Width(), geometry.thumb.width, 0);
-    const PixelRect area = ElementArea(geometry, ScreenElement::SeekBar);
-    for (int x : {bar.left, (bar.left + bar.right) / 2, bar.right}) {
-        bar.thumbX = x;
-        EXPECT_TRUE(area.Contains(ThumbRect(geometry, bar))) << x;
-    }
-}
-
-TEST_P(ScreenGeometryTest, ElementsRepaintApartFromEachOther) {
-    // A tick repaints the thumb and the digits; neither may spill into the
-    // areas of the other elements or the buttons.
-    const ScreenGeometry geometry = Geometry();
-    const ScreenElement elements[] = {
-        ScreenElement::SeekBar,   ScreenElement::TimeDigits, ScreenElement::RemainingMarker,
-        ScreenElement::Volume,    ScreenElement::Clock,      ScreenElement::Battery,
-        ScreenElement::Indicator, ScreenElement::Title,      ScreenElement::Counter,
-    };
-    for (ScreenElement a : elements) {
-        for (ScreenElement b : elements) {
-            if (a != b) {
-                EXPECT_FALSE(ElementArea(geometry, a).Intersects(ElementArea(geometry, b)))
-                    << int(a) << " " << int(b);
-            }
-        }
-        for (int button = 0; button < kPlayerButtonCount; ++button) {
-            if (a != ScreenElement::SeekBar || button != kButtonSeekBar) {
-                EXPECT_FALSE(ElementArea(geometry, a).Intersects(ButtonArea(geometry, button)))
-                    << int(a) << " button " << button;
-            }
-        }
-    }
-}
-
 ZELVOR_BOTH_ORIENTATIONS(ScreenGeometryTest);
 
 } // namespace

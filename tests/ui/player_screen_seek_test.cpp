@@ -41,7 +41,6 @@ protected:
 // leaves a dragged thumb alone.
 TEST_P(SeekBarTest, DraggingTheThumbToTheMiddleSeeksToHalfTheTrack) {
     const int span = bar.right - rig.Screen().Geometry().thumb.width - bar.left - 4;
-    ASSERT_EQ(span % 2, 0);
     const int dropX = bar.left + 4 + span / 2 + thumbHalf;
     rig.Press({bar.left + thumbHalf, y}); // on the thumb
     rig.MoveTo({dropX - 30, y});
@@ -79,14 +78,6 @@ TEST_P(SeekBarTest, ATapOnTheDigitsSwitchesElapsedAndRemainingTime) {
     EXPECT_EQ(position.Time(), (TimeDisplay{0, 1, 10}));
     rig.Tap(digits);
     EXPECT_EQ(position.Time(), (TimeDisplay{0, 0, 30}));
-}
-
-TEST(SeekBar, WithNothingLoadedTheBarDoesNotSeek) {
-    ScreenRig rig;
-    const PixelRect bar = rig.Screen().Geometry().buttons[kButtonSeekBar];
-    rig.Tap({bar.left + 40, bar.top + 5});
-    EXPECT_FALSE(rig.GetPlayer().Position().Bar().captured);
-    EXPECT_EQ(rig.factory.log, Log{});
 }
 
 ZELVOR_BOTH_ORIENTATIONS(SeekBarTest);

@@ -1,7 +1,6 @@
 #include "ui/rules/layout/skin_catalogue.h"
 
 #include <gtest/gtest.h>
-#include <set>
 
 #include "ui/rules/layout/browser_layout.h"
 #include "ui/rules/layout/player_layout.h"
@@ -37,37 +36,6 @@ TEST(SkinCatalogue, HoldsEveryBitmapTheLayoutsLoad) {
         for (BitmapId id : {b.normal, b.pressed})
             ExpectListed(id, kImageButtonSize, "panel button");
     ExpectListed(kBmpPanelBackground, PlayListPanelLayout().background, "panel");
-}
-
-TEST(SkinCatalogue, HoldsTheElementImagesAtTheirSizes) {
-    for (int i = 0; i < kDigitImageCount; ++i)
-        ExpectListed(static_cast<BitmapId>(kBmpDigit0 + i), kDigitCellSize, "digits");
-    ExpectListed(kBmpRemainingTimeMarker, kDigitCellSize, "time");
-    for (BitmapId id : {kBmpVolumeGaugeFull, kBmpVolumeGaugeEmpty, kBmpVolumeGaugeMute})
-        ExpectListed(id, kVolumeGaugeSize, "volume");
-    for (int id = kBmpBatteryLevel0; id <= kBmpBatteryCharging; ++id)
-        ExpectListed(static_cast<BitmapId>(id), kBatterySize, "battery");
-    ExpectListed(kBmpBatteryNone, kBatterySize, "battery");
-    ExpectListed(kBmpIndicator, kIndicatorSize, "indicator");
-    ExpectListed(kBmpSeekThumb, kSeekThumbSize, "thumb");
-    ExpectListed(kBmpSeekThumbPressed, kSeekThumbSize, "thumb");
-}
-
-TEST(SkinCatalogue, IsSortedWithoutRepeatsAndKeysOnlySprites) {
-    const auto all = SkinBitmapCatalogue();
-    std::set<BitmapId> seen;
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        EXPECT_TRUE(seen.insert(all[i].id).second) << all[i].id;
-        if (i > 0) {
-            EXPECT_LT(all[i - 1].id, all[i].id);
-        }
-    }
-    // Backgrounds and the opaque image buttons carry no transparent key.
-    EXPECT_FALSE(FindSkinBitmap(kBmpPortraitBackground)->transparent);
-    EXPECT_FALSE(FindSkinBitmap(kBmpBrowserUp)->transparent);
-    EXPECT_TRUE(FindSkinBitmap(kBmpPortraitPlay)->transparent);
-    EXPECT_EQ(FindSkinBitmap(1), nullptr);
-    EXPECT_EQ(FindSkinBitmap(1504), nullptr);
 }
 
 } // namespace
