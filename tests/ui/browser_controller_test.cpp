@@ -231,6 +231,7 @@ TEST_F(Browser, UserPlaylistsFollowTheTopRowsAndCanBeRenamedOpenedAndDeleted) {
     list.Insert(std::make_unique<PlaylistEntry>(u"\\Storage Card\\a.mp3"));
     device.Fs().CreateDirectory(folder.substr(0, folder.size() - 1));
     SavePlaylist(folder + u"Road.mpl", list);
+    SavePlaylist(GetFavoritesPath(0), list); // the favourites files get no playlist row
     SavePlaylist(GetFavoritesPath(1), list);
     device.WriteFile(folder + u"alpha.mpl", "");
     controller.ShowTopList();
