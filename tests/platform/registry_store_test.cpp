@@ -47,6 +47,15 @@ TEST(RegistryValues, KeysAndNamesIgnoreCaseAndTypesAreKept) {
               u"SD \"Card\"\\x");
 }
 
+// Changes not flushed, a deletion among them, are written when the store goes.
+TEST(RegistryValues, UnflushedChangesAreSavedWhenTheStoreGoes) {
+    TempDir dir;
+    RegistryStore(dir.Path()).SetDword(HKLM, u"K", u"V", 1);
+    EXPECT_EQ(RegistryStore(dir.Path()).QueryDword(HKLM, u"K", u"V"), 1u);
+    EXPECT_TRUE(RegistryStore(dir.Path()).DeleteValue(HKLM, u"K", u"V"));
+    EXPECT_FALSE(RegistryStore(dir.Path()).QueryDword(HKLM, u"K", u"V"));
+}
+
 TEST(RegistryFile, IsAWindowsRegExportAndReadsHandWrittenUtf8) {
     TempDir dir;
     {
@@ -124,6 +133,7 @@ INSTANTIATE_TEST_SUITE_P(
                       std::string("REGEDIT4\n[HKEY_CURRENT_USER\\Wrong hive]\n"),
                       std::string("REGEDIT4\n[HKEY_LOCAL_MACHINE\\OMBREL]\n\"Unterminated=\"x\n"),
                       std::string("REGEDIT4\n[HKEY_LOCAL_MACHINE\\OMBREL]\n\"Name\"=\"x\"junk\n"),
+                      std::string("REGEDIT4\n[HKEY_LOCAL_MACHINE\\OMBREL]\n=dword:1\n"),
                       std::string("\xFF\xFE\x00", 3)));
 
 } // namespace
