@@ -231,8 +231,12 @@ TEST(DeviceFileOperations, RandomAccessReadWriteAndTruncate) {
     EXPECT_EQ(file->ReadAt(8, buffer), 2u); // short read at the end
     EXPECT_TRUE(file->WriteAt(2, testing::Bytes("ab")));
     EXPECT_TRUE(file->Truncate(5));
+    EXPECT_TRUE(file->WriteAt(7, testing::Bytes("z"))); // a file open for writing grows
+    EXPECT_EQ(file->Size(), 8u);
+    EXPECT_TRUE(file->Truncate(5));
     file.reset();
     EXPECT_EQ(dev.ReadFile(u"\\Flash Disk\\f.bin"), "01ab4");
+    EXPECT_FALSE(dev.Fs().ReadWholeFile(u"\\Flash Disk\\missing.bin")); // not read as empty
     EXPECT_FALSE(dev.Fs().OpenFile(u"\\Flash Disk", FileMode::Read)); // a folder is no file
     EXPECT_FALSE(dev.Fs().OpenFile(u"\\Flash Disk\\new.bin", FileMode::Read));
     EXPECT_TRUE(dev.Fs().OpenFile(u"\\Flash Disk\\new.bin", FileMode::ReadWrite, true));
