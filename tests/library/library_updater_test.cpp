@@ -138,51 +138,6 @@ TEST_F(LibraryScan, LinkedFoldersAreEnteredUnlessTheyLeaveTheirRoot) {
     EXPECT_EQ(ScanStorage(), std::set<std::u16string>{u"\\Storage Card\\Albums\\One\\linked.mp3"});
 }
 
-std::u16string Chain(int depth) {
-    std::u16string path = u"\\Storage Card";
-    for (int level = 2; level <= depth; ++level)
-        path += u"\\L" + FromUtf8(std::to_string(level));
-    return path;
-}
-
-TEST_F(LibraryScan, NineLevelsAreSweptButATenthLeavesOnlyTheRootsFiles) {
-    Files({u"\\root.mp3", Chain(9) + u"\\deep.mp3", u"\\Flash Disk\\flash.mp3"});
-    EXPECT_EQ(ScanStorage().size(), 3u);
-    Files({Chain(10) + u"\\deeper.mp3"});
-    EXPECT_EQ(ScanStorage(), std::set<std::u16string>{u"\\root.mp3"});
-}
-
-TEST_F(LibraryScan, ARootEndingInABackslashFormsNoDoubledBackslash) {
-    Files({u"\\Storage Card\\Sub\\a.mp3", u"\\Storage Card\\b.mp3"});
-    updater.SetRoot(u"\\Storage Card\\");
-    EXPECT_EQ(updater.Root(), u"\\Storage Card\\");
-    updater.ScanFolderTree();
-    EXPECT_EQ(Found(), (std::set<std::u16string>{u"\\Storage Card\\Sub\\a.mp3", u"\\Storage Card\\b.mp3"}));
-    updater.SetRoot(u"\\Gone");
-    EXPECT_EQ(updater.Root(), u"\\");
-}
-
-// A folder the host will not open (permissions do not stop root, so the
-// refusal is staged).
-class LockedFolderFileSystem : public DeviceFileSystem {
-public:
-    using DeviceFileSystem::DeviceFileSystem;
-    std::unique_ptr<FindHandle> FindFirst(std::u16string_view pattern, FindData& first,
-                                          FindDetail detail) const override {
-        if (StartsWithIgnoreCase(pattern, u"\\Storage Card\\Locked\\"))
-            return nullptr;
-        return DeviceFileSystem::FindFirst(pattern, first, detail);
-    }
-};
-
-TEST_F(LibraryScan, UnreadableFoldersAreSkipped) {
-    Files({u"\\Storage Card\\Locked\\a.mp3", u"\\Storage Card\\Locked\\Inner\\b.mp3",
-           u"\\Storage Card\\Open\\c.mp3"});
-    dev.Get().SetFileSystem(std::make_unique<LockedFolderFileSystem>(dev.Root()));
-    // A folder that cannot be opened counts as empty, so it is not even listed.
-    EXPECT_EQ(ScanStorage(), std::set<std::u16string>{u"\\Storage Card\\Open\\c.mp3"});
-}
-
 TEST_F(LibraryScan, AddPhaseKeepsWhatTheReadersMakeAndCountsFailures) {
     Files({u"\\Storage Card\\A\\good.mp3", u"\\Storage Card\\bad.mp3", u"\\Flash Disk\\other.wma",
            u"\\Flash Disk\\bad.wma"});
@@ -223,20 +178,21 @@ TEST_F(InteractiveUpdate, RunsThreePhasesWithTheirTexts) {
     EXPECT_EQ(view.positions.back(), 6);
 }
 
-TEST_F(InteractiveUpdate, CancelDuringTheSearchAddsNothing) {
-    view.cancelPhase = 1;
-    view.cancelAtPump = 2;
-    EXPECT_FALSE(RunInteractiveUpdate(updater));
-    EXPECT_TRUE(updater.Stopped());
-    EXPECT_EQ(updater.FoundFiles().size(), 0u);
-    EXPECT_EQ(updater.Results().Count(), 0);
-}
-
-TEST_F(InteractiveUpdate, CancelDuringTheAddPhaseKeepsTheRecordsSoFar) {
-    view.cancelPhase = 2;
-    view.cancelAtPump = 4; // pumps: position 0, then after records 1, 2, 3
-    EXPECT_FALSE(RunInteractiveUpdate(updater));
-    EXPECT_EQ(updater.Results().Count(), 3);
+TEST_F(InteractiveUpdate, CancelKeepsOnlyTheRecordsAddedBeforeIt) {
+    // Search: nothing is kept; add: pumps at position 0, then after records 1, 2, 3.
+    for (auto [phase, pump, found, added] : {std::tuple{1, 2, 0, 0}, {2, 4, 6, 3}}) {
+        LibraryUpdater fresh(FakeBuild);
+        RecordingView v(fresh);
+        fresh.SetRoot(u"\\");
+        fresh.SetStorageFolders(GetStorageCardRoot(), GetFlashDiskRoot());
+        fresh.SetView(&v);
+        v.cancelPhase = phase;
+        v.cancelAtPump = pump;
+        EXPECT_FALSE(RunInteractiveUpdate(fresh));
+        EXPECT_TRUE(fresh.Stopped());
+        EXPECT_EQ(fresh.FoundFiles().size(), static_cast<std::size_t>(found)) << phase;
+        EXPECT_EQ(fresh.Results().Count(), added) << phase;
+    }
 }
 
 TEST_F(InteractiveUpdate, ACancelFromOutsideStopsTheSilentFormToo) {

