@@ -107,25 +107,6 @@ TEST_F(LibraryScan, FindsMusicByNameInBothStorageFoldersAndTheRootOnly) {
     EXPECT_EQ(updater.FoundFiles().back().typeCode, 0);
 }
 
-TEST_F(LibraryScan, EmptyFoldersBelowTheTopAreNeverListedButEmptyStorageFoldersAre) {
-    Files({u"\\Flash Disk\\x.mp3", u"\\Storage Card\\OnlyDots\\.thumbs\\hidden.mp3",
-           u"\\Storage Card\\NotEmpty\\readme.txt"});
-    fs::create_directories(dev.Host(u"\\Storage Card\\Empty"));
-    // Depth 1 holds both storage folders (the card's is taken unlooked),
-    // depth 2 only "NotEmpty": so three levels are swept.
-    EXPECT_EQ(ScanStorage(), std::set<std::u16string>{u"\\Flash Disk\\x.mp3"});
-    EXPECT_EQ(updater.Stats().levels, 3);
-    EXPECT_EQ(IsFolderEmpty(u"\\Storage Card\\OnlyDots"), 1);
-    EXPECT_EQ(IsFolderEmpty(u"\\Storage Card\\NotEmpty"), 0);
-    EXPECT_EQ(IsFolderEmpty(u"\\No Such Folder"), 1);
-    // With neither storage folder only the root's own files are found.
-    fs::remove_all(dev.Host(u"\\Storage Card"));
-    fs::remove_all(dev.Host(u"\\Flash Disk"));
-    Files({u"\\a.mp3", u"\\Other\\b.mp3"});
-    EXPECT_EQ(ScanStorage(), std::set<std::u16string>{u"\\a.mp3"});
-    EXPECT_EQ(updater.Stats().levels, 1);
-}
-
 TEST_F(LibraryScan, AddPhaseKeepsWhatTheReadersMakeAndCountsFailures) {
     Files({u"\\Storage Card\\A\\good.mp3", u"\\Storage Card\\bad.mp3", u"\\Flash Disk\\other.wma",
            u"\\Flash Disk\\bad.wma"});
@@ -181,17 +162,6 @@ TEST_F(InteractiveUpdate, CancelKeepsOnlyTheRecordsAddedBeforeIt) {
         EXPECT_EQ(fresh.FoundFiles().size(), static_cast<std::size_t>(found)) << phase;
         EXPECT_EQ(fresh.Results().Count(), added) << phase;
     }
-}
-
-TEST_F(InteractiveUpdate, ACancelFromOutsideStopsTheSilentFormToo) {
-    std::atomic<bool> frameStop{true};
-    EXPECT_EQ(UpdateLibrarySilently(updater, 1, u"\\", &frameStop), 1);
-    EXPECT_EQ(updater.FoundFiles().size(), 6u);
-    EXPECT_EQ(updater.Results().Count(), 0); // the add phase did not run
-    updater.RequestCancel();
-    EXPECT_TRUE(updater.CancelAsked());
-    EXPECT_EQ(UpdateLibrarySilently(updater, 1, u"\\"), 1);
-    EXPECT_EQ(updater.FoundFiles().size(), 0u);
 }
 
 class FailingAllocations : public LibraryUpdater {

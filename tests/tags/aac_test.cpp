@@ -115,16 +115,14 @@ TEST(AacTags, EachFieldIsDecidedOnItsOwn) {
 
 TEST(ReadAacFileResults, CodesForEachWayOfFailing) {
     TestDevice device;
-    device.WriteFile(u"\\Storage Card\\SONG.AAC", Frames(50));
-    device.WriteFile(u"\\Storage Card\\song.mp3", Frames(50));
-    device.WriteFile(u"\\Storage Card\\noextension", Frames(50));
+    for (const char16_t* name : {u"\\Storage Card\\SONG.AAC", u"\\Storage Card\\song.mp3", u"\\Storage Card\\noext"})
+        device.WriteFile(name, Frames(50));
     AacTrackInfo info;
-    EXPECT_EQ(ReadAacFile(u"", &info), kAacMissingArgument);
     EXPECT_EQ(ReadAacFile(u"\\Storage Card\\SONG.AAC", nullptr), kAacMissingArgument);
-    EXPECT_EQ(ReadAacFile(u"\\Storage Card\\gone.aac", &info), kAacCannotOpen);
-    EXPECT_EQ(ReadAacFile(u"\\Storage Card\\song.mp3", &info), kAacNotAac);
-    EXPECT_EQ(ReadAacFile(u"\\Storage Card\\noextension", &info), kAacNotAac);
-    ASSERT_EQ(ReadAacFile(u"\\Storage Card\\song.aac", &info), kAacOk);
+    for (auto [path, result] : {std::pair{u"", kAacMissingArgument}, {u"\\Storage Card\\gone.aac", kAacCannotOpen},
+                                {u"\\Storage Card\\song.mp3", kAacNotAac}, {u"\\Storage Card\\noext", kAacNotAac},
+                                {u"\\Storage Card\\song.aac", kAacOk}})
+        EXPECT_EQ(ReadAacFile(path, &info), result);
     EXPECT_EQ(info.stream.framesCounted, 50u);
 }
 

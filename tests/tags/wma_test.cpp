@@ -49,9 +49,9 @@ TEST(WmaContentDescription, TitleAuthorAndCopyrightCutToTheBuffer) {
 }
 
 TEST(WmaFileProperties, LowThirtyTwoBitsOfThePlayDuration) {
-    EXPECT_EQ(Analyse(Wma({AsfFileProperties(3000000000ULL)})).info.duration, 300);
-    EXPECT_EQ(Analyse(Wma({AsfFileProperties(6000000000ULL)})).info.duration, 170);
-    EXPECT_EQ(Analyse(Wma({AsfFileProperties(3000000000ULL, 3)})).info.duration, 0); // broadcast
+    // Broadcast files (flag 1) have no duration.
+    for (auto [ticks, flags, seconds] : {std::tuple{3000000000ULL, 2, 300}, {6000000000ULL, 2, 170}, {3000000000ULL, 3, 0}})
+        EXPECT_EQ(Analyse(Wma({AsfFileProperties(ticks, flags)})).info.duration, seconds);
     std::string truncated = AsfFileProperties(3000000000ULL).substr(0, 92);
     truncated.replace(16, 8, Le64(92));
     EXPECT_EQ(Analyse(Wma({truncated})).info.duration, 300);
@@ -80,16 +80,11 @@ TEST(WmaExtendedContent, NamesMatchAsSubstringsInTheFixedOrder) {
 }
 
 TEST(WmaExtendedContent, ValueTypesAndWidths) {
-    struct Case {
-        std::uint16_t type;
-        std::string value;
-        std::int32_t track;
-    };
-    for (const Case& c :
-         {Case{3, Le32(0x10B), 0x10B}, Case{2, Le32(1), 1}, Case{4, Le64(0x100000005ULL), 5},
-          Case{4, Le64(6) + "\x01", 6}, Case{5, Le32(0x10009), 9}, Case{1, "12", 0},
-          Case{0, AsfStringValue(u"3rd"), 3}, Case{3, Le16(4), 4}, Case{6, Le32(8), 0}})
-        EXPECT_EQ(Described(u"WM/TrackNumber", c.type, c.value).track, c.track) << c.type;
+    for (auto [type, value, track] :
+         {std::tuple{3, Le32(0x10B), 0x10B}, {2, Le32(1), 1}, {4, Le64(0x100000005ULL), 5},
+          {4, Le64(6) + "\x01", 6}, {5, Le32(0x10009), 9}, {1, std::string("12"), 0},
+          {0, AsfStringValue(u"3rd"), 3}, {3, Le16(4), 4}, {6, Le32(8), 0}})
+        EXPECT_EQ(Described(u"WM/TrackNumber", std::uint16_t(type), value).track, track) << type;
     // A numeric year leaves the text empty; a byte-array year formats its
     // (absent) number.
     EXPECT_EQ(Described(u"WM/Year", 3, Le32(1999)).year, u"");
