@@ -164,6 +164,15 @@ TEST_F(InteractiveUpdate, CancelKeepsOnlyTheRecordsAddedBeforeIt) {
     }
 }
 
+TEST_F(InteractiveUpdate, ACancelFromOutsideStopsTheSilentFormToo) {
+    std::atomic<bool> frameStop{true};
+    EXPECT_EQ(UpdateLibrarySilently(updater, 1, u"\\", &frameStop), 1);
+    EXPECT_EQ(updater.FoundFiles().size() * 10 + updater.Results().Count(), 60u); // no add phase
+    updater.RequestCancel();
+    EXPECT_EQ(UpdateLibrarySilently(updater, 1, u"\\"), 1);
+    EXPECT_EQ(updater.FoundFiles().size(), 0u);
+}
+
 class FailingAllocations : public LibraryUpdater {
 public:
     FailingAllocations(std::size_t failAt) : LibraryUpdater(FakeBuild), m_failAt(failAt) {}

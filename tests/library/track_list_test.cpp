@@ -102,15 +102,9 @@ void ExpectSign(const TrackRecord& a, const TrackRecord& b, int key, int order, 
 }
 
 TEST(CompareTracksOrder, AlbumOrderThenTrackThenTitle) {
-    struct Row {
-        const char* name;
-        std::u16string_view albumA;
-        int trackA;
-        std::u16string_view titleA, albumB;
-        int trackB;
-        std::u16string_view titleB;
-        int order, sign;
-    };
+    // Name; album, track, title of a, then of b; order and sign.
+    using Row = std::tuple<const char*, const char16_t*, int, const char16_t*, const char16_t*, int,
+                           const char16_t*, int, int>;
     const Row rows[] = {
         {"albums A to Z", u"Abc", 9, u"z", u"Bcd", 1, u"a", 1, -1},
         {"albums Z to A", u"Abc", 9, u"z", u"Bcd", 1, u"a", 0, 1},
@@ -125,16 +119,15 @@ TEST(CompareTracksOrder, AlbumOrderThenTrackThenTitle) {
         {"full tie", u"X", 1, u"t", u"X", 1, u"t", 1, 0},
         {"full tie, no album", u"", 1, u"", u"", 1, u"", 0, 0},
     };
-    for (const Row& r : rows) {
-        SCOPED_TRACE(r.name);
+    for (const auto& [name, albumA, trackA, titleA, albumB, trackB, titleB, order, sign] : rows) {
+        SCOPED_TRACE(name);
         TrackRecord a, b;
-        a.SetField(kFieldAlbum, r.albumA);
-        a.SetField(kFieldTitle, r.titleA);
-        a.SetField(kFieldTrackNumber, std::int64_t{r.trackA});
-        b.SetField(kFieldAlbum, r.albumB);
-        b.SetField(kFieldTitle, r.titleB);
-        b.SetField(kFieldTrackNumber, std::int64_t{r.trackB});
-        ExpectSign(a, b, kSortAlbumOrder, r.order, r.sign);
+        for (auto [r, album, track, title] : {std::tuple{&a, albumA, trackA, titleA}, {&b, albumB, trackB, titleB}}) {
+            r->SetField(kFieldAlbum, album);
+            r->SetField(kFieldTitle, title);
+            r->SetField(kFieldTrackNumber, std::int64_t{track});
+        }
+        ExpectSign(a, b, kSortAlbumOrder, order, sign);
     }
 }
 
@@ -154,9 +147,8 @@ TEST(TrackListSort, MatchesAStableSortByCompareTracks) {
                 r->SetField(kFieldPath, pick() + u"\\" + pick());
                 for (int text : {kFieldTitle, kFieldAlbum, kFieldArtist, kFieldGenre})
                     r->SetField(text, pick());
-                r->SetField(kFieldTrackNumber, std::int64_t{static_cast<int>(rng() % 3)});
-                r->SetField(kFieldRunTimeA, std::int64_t{static_cast<int>(rng() % 5)});
-                r->SetField(kFieldRunTimeD, std::int64_t{static_cast<int>(rng() % 5)});
+                for (int number : {kFieldTrackNumber, kFieldRunTimeA, kFieldRunTimeD})
+                    r->SetField(number, static_cast<std::int64_t>(rng() % (number == kFieldTrackNumber ? 3 : 5)));
                 reference.push_back(r.get());
                 list.AddTrack(std::move(r));
             }

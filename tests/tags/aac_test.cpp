@@ -72,10 +72,9 @@ TEST(AdtsDuration, CountsEachFrameOnceAcrossChunkEdgesAndJunk) {
     EXPECT_DOUBLE_EQ(ReadStream(Frames(1000)).duration, 23.2199);
     // A frame longer than 1024 bytes is counted where the walk meets it, but
     // never taken as a place to start.
-    EXPECT_EQ(
-        ReadStream(Frames(3) + AdtsFrame({.frameLength = 2000}) + Frames(3)).stream.framesCounted,
-        7u);
-    EXPECT_EQ(ReadStream(AdtsFrame({.frameLength = 2000}) + Frames(3)).stream.framesCounted, 3u);
+    const std::string big = AdtsFrame({.frameLength = 2000});
+    EXPECT_EQ(ReadStream(Frames(3) + big + Frames(3)).stream.framesCounted, 7u);
+    EXPECT_EQ(ReadStream(big + Frames(3)).stream.framesCounted, 3u);
     // Only the first frame sets the stream's parameters.
     AacTrackInfo info =
         ReadStream(Frames(2, {.samplingIndex = 3}) + Frames(2, {.samplingIndex = 8}));
@@ -106,11 +105,6 @@ TEST(AacTags, EachFieldIsDecidedOnItsOwn) {
     // is shorter than "Other".
     EXPECT_EQ(info.title + info.artist + info.album + info.genre, u"A longer titleLonger artistOther");
     EXPECT_EQ(info.track, 5); // the ID3v1 track only
-    info = ReadStream(Id3v2TagBytes(3, Frame4Plain("TCON", Latin1Text("(17)")) +
-                                           Frame4Plain("TPE1", Utf16Text(u"\u00C5sa"))) +
-                      Frames(5) + Id3v1({.title = "T", .track = 4, .genre = 17}));
-    EXPECT_EQ(info.genre + info.artist + info.title, u"Rock\u00C5saT");
-    EXPECT_EQ(info.track, 0);
 }
 
 TEST(ReadAacFileResults, CodesForEachWayOfFailing) {

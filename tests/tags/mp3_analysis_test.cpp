@@ -61,14 +61,6 @@ TEST(Mp3Duration, EveryFrameOfTheFirstHeadersLengthCounts26Milliseconds) {
         EXPECT_EQ(a.info.sampleRate, c.sampleRate) << c.after;
         EXPECT_EQ(a.info.duration, c.duration) << c.after;
     }
-    Analysis a = Analyse(MpegHeader({.layerBits = 3, .protection = 0, .bitRateIndex = 1,
-                                     .sampleRateIndex = 3, .padding = 1, .channelMode = 3,
-                                     .copyright = 1, .original = 1, .emphasis = 2}) +
-                         Zeros(2000));
-    EXPECT_EQ(a.info.layer + a.info.protection, 1);
-    EXPECT_EQ(a.info.sampleRate, 44100); // reserved index 3
-    EXPECT_EQ(a.info.channelMode + a.info.copyright + a.info.original + a.info.emphasis, 7);
-    EXPECT_EQ(a.info.layout.frameLength, 36);
 }
 
 TEST(Mp3Merge, TheLongerTitleDecidesWhichTagGivesTheTexts) {

@@ -78,23 +78,19 @@ std::string Id3v1(const Id3v1Fields& f) {
     return tag;
 }
 
-std::uint32_t MpegHeaderValue(const MpegHeaderBits& b) {
-    return 0xFFE00000u | (b.versionBits & 3) << 19 | (b.layerBits & 3) << 17 |
+std::string MpegHeader(const MpegHeaderBits& b) {
+    return Be32(0xFFE00000u | (b.versionBits & 3) << 19 | (b.layerBits & 3) << 17 |
            (b.protection & 1) << 16 | (b.bitRateIndex & 15) << 12 | (b.sampleRateIndex & 3) << 10 |
            (b.padding & 1) << 9 | (b.channelMode & 3) << 6 | (b.copyright & 1) << 3 |
-           (b.original & 1) << 2 | (b.emphasis & 3);
+           (b.original & 1) << 2 | (b.emphasis & 3));
 }
-
-std::string MpegHeader(const MpegHeaderBits& b) { return Be32(MpegHeaderValue(b)); }
 
 std::string AsfObject(const AsfGuid& guid, std::string_view body) {
     return std::string(guid.begin(), guid.end()) + Le64(24 + body.size()) + std::string(body);
 }
 
-std::string AsfHeader(std::uint32_t count, std::string_view children, std::uint8_t reserved1,
-                      std::uint8_t reserved2) {
-    std::string body = Le32(count) + static_cast<char>(reserved1) + static_cast<char>(reserved2);
-    return AsfObject(kAsfHeaderObject, body + std::string(children));
+std::string AsfHeader(std::uint32_t count, std::string_view children) {
+    return AsfObject(kAsfHeaderObject, (Le32(count) + "\x01\x02").append(children));
 }
 
 std::string AsfContentDescription(std::u16string_view title, std::u16string_view author,
