@@ -169,6 +169,7 @@ TEST_F(InteractiveUpdate, ACancelFromOutsideStopsTheSilentFormToo) {
     EXPECT_EQ(UpdateLibrarySilently(updater, 1, u"\\", &frameStop), 1);
     EXPECT_EQ(updater.FoundFiles().size() * 10 + updater.Results().Count(), 60u); // no add phase
     updater.RequestCancel();
+    EXPECT_TRUE(updater.CancelAsked());
     EXPECT_EQ(UpdateLibrarySilently(updater, 1, u"\\"), 1);
     EXPECT_EQ(updater.FoundFiles().size(), 0u);
 }
