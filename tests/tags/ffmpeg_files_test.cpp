@@ -88,10 +88,9 @@ TEST_F(EncodedFiles, TaggedFilesOfEachReaderGiveTheirTextsAndLength) {
         SCOPED_TRACE(name);
         auto record = BuildTrackRecord(Path(name));
         ASSERT_TRUE(record);
-        EXPECT_EQ(record->Text(kFieldTitle), u"Song Title");
-        EXPECT_EQ(record->Text(kFieldArtist), u"The Artist");
-        EXPECT_EQ(record->Text(kFieldAlbum), u"An Album");
-        EXPECT_EQ(record->Text(kFieldGenre), u"Rock");
+        for (auto [field, text] : {std::pair{kFieldTitle, u"Song Title"}, {kFieldArtist, u"The Artist"},
+                                   {kFieldAlbum, u"An Album"}, {kFieldGenre, u"Rock"}})
+            EXPECT_EQ(record->Text(field), text);
         EXPECT_EQ(record->TrackNumber(), 3);
         // WMA keeps the preroll in its play duration.
         EXPECT_GE(record->Duration(), 3u);

@@ -9,49 +9,38 @@ constexpr int kVersions[] = {kMpegVersionReserved, kMpegVersion25, kMpegVersion2
 
 // Properties of every row rather than a copy of it: free format at index 0,
 // -1 at 15, whole bytes per millisecond in between, rising except in the
-// device's own MPEG-2 Layer III row.
+// device's own MPEG-2 Layer III row, which leaves the standard's at index 5.
 TEST(MpegBitRates, EveryRowIsFreeFormatThenWholeBytesThenBad) {
     for (int version : kVersions) {
         for (int layer = 1; layer <= 3; ++layer) {
             SCOPED_TRACE(::testing::Message() << "version " << version << " layer " << layer);
             EXPECT_EQ(MpegBitRate(version, layer, 0), 0);
             EXPECT_EQ(MpegBitRate(version, layer, 15), -1);
-            for (int i = 1, previous = 0; i <= 14; ++i) {
-                const int rate = MpegBitRate(version, layer, i);
-                EXPECT_EQ(rate % 8, 0) << i;
-                if (version == kMpegVersion1 || layer != 3)
-                    EXPECT_GT(rate, previous) << i;
-                previous = rate;
+            for (int i = 1, previous = 0; i <= 14; previous = MpegBitRate(version, layer, i++)) {
+                EXPECT_EQ(MpegBitRate(version, layer, i) % 8, 0) << i;
+                const bool rises = version == kMpegVersion1 || layer != 3;
+                EXPECT_TRUE(!rises || MpegBitRate(version, layer, i) > previous) << i;
             }
         }
-        EXPECT_EQ(MpegBitRate(version, 0, 5), 0);
-        EXPECT_EQ(MpegBitRate(version, 4, 5), 0);
-        EXPECT_EQ(MpegBitRate(version, 3, 16), 0);
+        EXPECT_EQ(MpegBitRate(version, 0, 5) + MpegBitRate(version, 4, 5) + MpegBitRate(version, 3, 16), 0);
     }
-    EXPECT_EQ(MpegBitRate(kMpegVersion1, 1, 14), 448);
-    EXPECT_EQ(MpegBitRate(kMpegVersion1, 2, 14), 384);
-    EXPECT_EQ(MpegBitRate(kMpegVersion1, 3, 9), 128);
-    EXPECT_EQ(MpegBitRate(kMpegVersion2, 1, 14), 256);
-    EXPECT_EQ(MpegBitRate(kMpegVersion25, 2, 14), 160);
-    // The device's MPEG-2 Layer III row leaves the standard's at index 5.
-    EXPECT_EQ(MpegBitRate(kMpegVersion2, 3, 4), 32);
-    EXPECT_EQ(MpegBitRate(kMpegVersion25, 3, 5), 64);
-    EXPECT_EQ(MpegBitRate(kMpegVersion2, 3, 7), 56);
+    for (auto [version, layer, index, rate] :
+         {std::tuple{kMpegVersion1, 1, 14, 448}, {kMpegVersion1, 2, 14, 384}, {kMpegVersion1, 3, 9, 128},
+          {kMpegVersion2, 1, 14, 256}, {kMpegVersion25, 2, 14, 160}, {kMpegVersion2, 3, 4, 32},
+          {kMpegVersion25, 3, 5, 64}, {kMpegVersion2, 3, 7, 56}})
+        EXPECT_EQ(MpegBitRate(version, layer, index), rate) << version << " " << layer << " " << index;
 }
 
 TEST(MpegSampleRates, HalvedPerVersionAndTheReservedIndexRepeatsTheFirst) {
-    EXPECT_EQ(MpegSampleRate(kMpegVersion1, 0), 44100);
-    EXPECT_EQ(MpegSampleRate(kMpegVersion1, 1), 48000);
-    EXPECT_EQ(MpegSampleRate(kMpegVersion1, 2), 32000);
+    EXPECT_EQ(MpegSampleRate(kMpegVersion1, 1) + MpegSampleRate(kMpegVersion1, 2), 80000);
     for (int i = 0; i <= 3; ++i) {
         EXPECT_EQ(MpegSampleRate(kMpegVersion1, i), 2 * MpegSampleRate(kMpegVersion2, i)) << i;
         EXPECT_EQ(MpegSampleRate(kMpegVersion2, i), 2 * MpegSampleRate(kMpegVersion25, i)) << i;
         EXPECT_EQ(MpegSampleRate(kMpegVersionReserved, i), 0);
+        EXPECT_EQ(MpegSampleRate(kVersions[i], 3), MpegSampleRate(kVersions[i], 0));
     }
-    for (int version : kVersions)
-        EXPECT_EQ(MpegSampleRate(version, 3), MpegSampleRate(version, 0));
-    EXPECT_EQ(MpegSampleRate(4, 0), 0);
-    EXPECT_EQ(MpegSampleRate(kMpegVersion1, 4), 0);
+    EXPECT_EQ(MpegSampleRate(kMpegVersion1, 0), 44100);
+    EXPECT_EQ(MpegSampleRate(4, 0) + MpegSampleRate(kMpegVersion1, 4), 0);
 }
 
 TEST(MpegHeaderBits, VersionAndLayerCodes) {
@@ -61,20 +50,17 @@ TEST(MpegHeaderBits, VersionAndLayerCodes) {
         EXPECT_EQ(MpegVersionOf(0xFFE00000u | bits << 19 | 3u << 17), versions[bits]);
         EXPECT_EQ(MpegLayerOf(0xFFE00000u | bits << 17 | 3u << 19), layers[bits]);
     }
-    EXPECT_TRUE(IsFrameSync(0xFFE00000));
-    EXPECT_FALSE(IsFrameSync(0xFFDFFFFF));
+    EXPECT_TRUE(IsFrameSync(0xFFE00000) && !IsFrameSync(0xFFDFFFFF));
 }
 
+// 144000 for every layer but the first (MPEG-2 Layer III too: 417, not 208);
+// free format is the padding alone; negative rates truncate toward zero.
 TEST(MpegFrameLength, Factor144000ForEveryLayerButTheFirst) {
-    EXPECT_EQ(MpegFrameLength(3, 128, 44100, 0), 417);
-    EXPECT_EQ(MpegFrameLength(3, 128, 44100, 1), 418);
-    EXPECT_EQ(MpegFrameLength(3, 64, 22050, 0), 417); // MPEG-2 Layer III: not 208
-    EXPECT_EQ(MpegFrameLength(2, 192, 48000, 0), 576);
-    EXPECT_EQ(MpegFrameLength(1, 32, 44100, 1), 36); // (8 + 1) x 4
-    EXPECT_EQ(MpegFrameLength(3, 0, 44100, 1), 1);   // free format: the padding alone
-    EXPECT_EQ(MpegFrameLength(3, -1, 44100, 0), -3); // truncation toward zero
-    EXPECT_EQ(MpegFrameLength(1, -1, 44100, 0), 0);
-    EXPECT_EQ(MpegFrameLength(3, 128, 0, 1), 0);
+    for (auto [layer, rate, sampleRate, padding, length] :
+         {std::tuple{3, 128, 44100, 0, 417}, {3, 128, 44100, 1, 418}, {3, 64, 22050, 0, 417},
+          {2, 192, 48000, 0, 576}, {1, 32, 44100, 1, 36}, {3, 0, 44100, 1, 1}, {3, -1, 44100, 0, -3},
+          {1, -1, 44100, 0, 0}, {3, 128, 0, 1, 0}})
+        EXPECT_EQ(MpegFrameLength(layer, rate, sampleRate, padding), length) << layer << " " << rate;
 }
 
 } // namespace

@@ -18,33 +18,21 @@ const std::string kTwoZeros(2, '\0');
 
 } // namespace
 
-std::string Le16(std::uint32_t v) {
-    return LittleEndian(v, 2);
-}
-std::string Le32(std::uint32_t v) {
-    return LittleEndian(v, 4);
-}
-std::string Le64(std::uint64_t v) {
-    return LittleEndian(v, 8);
-}
+std::string Le16(std::uint32_t v) { return LittleEndian(v, 2); }
+std::string Le32(std::uint32_t v) { return LittleEndian(v, 4); }
+std::string Le64(std::uint64_t v) { return LittleEndian(v, 8); }
 
 std::string Be32(std::uint32_t v) {
-    return {static_cast<char>(v >> 24), static_cast<char>(v >> 16), static_cast<char>(v >> 8),
-            static_cast<char>(v)};
+    std::string out = LittleEndian(v, 4);
+    return {out.rbegin(), out.rend()};
 }
 
 std::string SevenBit32(std::uint32_t v) {
-    return {static_cast<char>((v >> 21) & 0x7F), static_cast<char>((v >> 14) & 0x7F),
-            static_cast<char>((v >> 7) & 0x7F), static_cast<char>(v & 0x7F)};
+    return Be32((v & 0x0FE00000) << 3 | (v & 0x1FC000) << 2 | (v & 0x3F80) << 1 | (v & 0x7F));
 }
 
-std::span<const std::byte> AsBytes(std::string_view bytes) {
-    return {reinterpret_cast<const std::byte*>(bytes.data()), bytes.size()};
-}
-
-MemoryFile MemoryFileOf(std::string_view bytes) {
-    return MemoryFile(AsBytes(bytes));
-}
+std::span<const std::byte> AsBytes(std::string_view bytes) { return std::as_bytes(std::span(bytes)); }
+MemoryFile MemoryFileOf(std::string_view bytes) { return MemoryFile(AsBytes(bytes)); }
 
 std::string Id3v2Header(std::uint8_t major, std::uint32_t size, std::uint8_t flags) {
     return std::string("ID3") + static_cast<char>(major) + '\0' + static_cast<char>(flags) +
@@ -52,17 +40,15 @@ std::string Id3v2Header(std::uint8_t major, std::uint32_t size, std::uint8_t fla
 }
 
 std::string Id3v2TagBytes(std::uint8_t major, std::string_view body, std::uint8_t flags) {
-    return Id3v2Header(major, static_cast<std::uint32_t>(body.size()), flags) + std::string(body);
+    return Id3v2Header(major, static_cast<std::uint32_t>(body.size()), flags).append(body);
 }
 
 std::string Frame4(std::string_view id, std::string_view body) {
-    return std::string(id) + SevenBit32(static_cast<std::uint32_t>(body.size())) + kTwoZeros +
-           std::string(body);
+    return Frame4Plain(id, body).replace(4, 4, SevenBit32(static_cast<std::uint32_t>(body.size())));
 }
 
 std::string Frame4Plain(std::string_view id, std::string_view body) {
-    return std::string(id) + Be32(static_cast<std::uint32_t>(body.size())) + kTwoZeros +
-           std::string(body);
+    return (std::string(id) + Be32(static_cast<std::uint32_t>(body.size())) + kTwoZeros).append(body);
 }
 
 std::string Frame3(std::string_view id, std::string_view body) {
@@ -70,13 +56,8 @@ std::string Frame3(std::string_view id, std::string_view body) {
            std::string(body);
 }
 
-std::string Latin1Text(std::string_view text) {
-    return std::string(1, '\0') + std::string(text);
-}
-
-std::string Utf16Text(std::u16string_view text) {
-    return std::string(1, '\1') + Utf16Le(text, true);
-}
+std::string Latin1Text(std::string_view text) { return std::string(1, '\0') + std::string(text); }
+std::string Utf16Text(std::u16string_view text) { return std::string(1, '\1') + Utf16Le(text, true); }
 
 std::string Id3v1(const Id3v1Fields& f) {
     std::string tag(128, '\0');
@@ -97,25 +78,19 @@ std::string Id3v1(const Id3v1Fields& f) {
     return tag;
 }
 
-std::uint32_t MpegHeaderValue(const MpegHeaderBits& b) {
-    return 0xFFE00000u | (b.versionBits & 3) << 19 | (b.layerBits & 3) << 17 |
+std::string MpegHeader(const MpegHeaderBits& b) {
+    return Be32(0xFFE00000u | (b.versionBits & 3) << 19 | (b.layerBits & 3) << 17 |
            (b.protection & 1) << 16 | (b.bitRateIndex & 15) << 12 | (b.sampleRateIndex & 3) << 10 |
            (b.padding & 1) << 9 | (b.channelMode & 3) << 6 | (b.copyright & 1) << 3 |
-           (b.original & 1) << 2 | (b.emphasis & 3);
-}
-
-std::string MpegHeader(const MpegHeaderBits& b) {
-    return Be32(MpegHeaderValue(b));
+           (b.original & 1) << 2 | (b.emphasis & 3));
 }
 
 std::string AsfObject(const AsfGuid& guid, std::string_view body) {
     return std::string(guid.begin(), guid.end()) + Le64(24 + body.size()) + std::string(body);
 }
 
-std::string AsfHeader(std::uint32_t count, std::string_view children, std::uint8_t reserved1,
-                      std::uint8_t reserved2) {
-    std::string body = Le32(count) + static_cast<char>(reserved1) + static_cast<char>(reserved2);
-    return AsfObject(kAsfHeaderObject, body + std::string(children));
+std::string AsfHeader(std::uint32_t count, std::string_view children) {
+    return AsfObject(kAsfHeaderObject, (Le32(count) + "\x01\x02").append(children));
 }
 
 std::string AsfContentDescription(std::u16string_view title, std::u16string_view author,
@@ -137,9 +112,7 @@ std::string AsfFileProperties(std::uint64_t playDuration, std::uint32_t flags) {
     return AsfObject(kAsfFilePropertiesObject, body);
 }
 
-std::string AsfStringValue(std::u16string_view text) {
-    return Utf16Le(text) + kTwoZeros;
-}
+std::string AsfStringValue(std::u16string_view text) { return Utf16Le(text) + kTwoZeros; }
 
 std::string AsfExtendedContent(std::initializer_list<AsfDescriptor> descriptors) {
     std::string body = Le16(static_cast<std::uint32_t>(descriptors.size()));

@@ -58,14 +58,12 @@ struct MpegHeaderBits {
     unsigned original = 0;
     unsigned emphasis = 0;
 };
-std::uint32_t MpegHeaderValue(const MpegHeaderBits& b);
 std::string MpegHeader(const MpegHeaderBits& b);
 
 // ASF: an object is its GUID, its 64-bit size and its body.
 std::string AsfObject(const AsfGuid& guid, std::string_view body);
 // The header object: count, reserved bytes 1 and 2, then the children.
-std::string AsfHeader(std::uint32_t count, std::string_view children, std::uint8_t reserved1 = 1,
-                      std::uint8_t reserved2 = 2);
+std::string AsfHeader(std::uint32_t count, std::string_view children);
 std::string AsfContentDescription(std::u16string_view title, std::u16string_view author,
                                   std::u16string_view copyright = u"");
 std::string AsfFileProperties(std::uint64_t playDuration, std::uint32_t flags = 2);
