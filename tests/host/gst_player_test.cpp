@@ -114,7 +114,7 @@ INSTANTIATE_TEST_SUITE_P(Faults, GstPlayerFault,
                          ::testing::Values(Fault{"FileDeleted", Codec::Mp3, false, 3.8, 4.2},
                                            Fault{"FileCut", Codec::Wma, false, 1.5, 2.6},
                                            Fault{"CardGone", Codec::Mp3, true, 0.0, 2.5}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& test) { return std::string(test.param.name); });
 
 } // namespace
 } // namespace zelvor

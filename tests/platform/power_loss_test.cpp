@@ -214,7 +214,7 @@ INSTANTIATE_TEST_SUITE_P(
                      return TrackFile(d, GetCurrentPlaylistPath(), 1);
                  }},
         KindCase{"Playlist", PlaylistFile}, KindCase{"RegistryHive", HiveFile}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& test) { return std::string(test.param.name); });
 
 } // namespace
 } // namespace zelvor

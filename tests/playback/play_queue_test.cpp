@@ -107,10 +107,11 @@ TEST_P(AtTheEndOfATrack, TheRepeatModeDecidesWhatPlays) {
         rig.EndTrack();
     EXPECT_EQ(rig.Current() + " " + rig.Loaded(), c.current + (" " + std::string(c.current)));
     EXPECT_EQ(rig.Engine().State(), c.state);
-    if (c.state == kStopped) // on the last entry, at its start
+    if (c.state == kStopped) { // on the last entry, at its start
         EXPECT_EQ(std::tuple(rig.Queue().CounterText(), rig.factory.current->position,
                              rig.player->Position().Time()),
                   std::tuple(u"2/2", 0, TimeDisplay{}));
+    }
     EXPECT_EQ(rig.Queue().StepTrack(true, true), c.mode == kRepeatOff ? 0 : 1);
 }
 

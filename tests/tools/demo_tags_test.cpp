@@ -32,8 +32,9 @@ TEST_F(DemoTags, ThePlayersReadersFindTheManifestValues) {
         EXPECT_EQ(record->Text(kFieldGenre), row.genre);
         // The AAC reader takes the ID3v1 track byte only when byte 125 is not
         // zero, so a version 1.1 tag gives it none.
-        if (row.type != "aac")
+        if (row.type != "aac") {
             EXPECT_EQ(record->TrackNumber(), row.track);
+        }
         if (row.type == "wma") {
             WmaFileInfo wma;
             ASSERT_EQ(AnalyseWmaFile(wma, row.path), 1);

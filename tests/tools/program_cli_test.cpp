@@ -67,8 +67,8 @@ INSTANTIATE_TEST_SUITE_P(Programs, ProgramCli,
                                            Program{"zelvor-send", ZELVOR_SEND_PATH},
                                            Program{"zelvor-demo", ZELVOR_DEMO_PATH},
                                            Program{"zelvor-skin", ZELVOR_SKIN_PATH}),
-                         [](const auto& info) {
-                             std::string name = info.param.name;
+                         [](const auto& test) {
+                             std::string name = test.param.name;
                              std::erase(name, '-');
                              return name;
                          });

@@ -113,8 +113,9 @@ TEST_F(Browser, ArtistsAreGroupedAndAGroupListsItsSongs) {
     EXPECT_EQ(view.buttons, (BrowserButtonsShown{false, true, true}));
     for (const int up : {1, 0, -1}) { // the level left and the row selected there
         controller.OnCommand(kCmdUp);
-        if (up >= 0)
+        if (up >= 0) {
             EXPECT_EQ(std::pair(controller.Level(), view.selectedRow), std::pair(up, up + 1));
+        }
         EXPECT_EQ(view.playerShown, up < 0 ? 1 : 0);
     }
 }

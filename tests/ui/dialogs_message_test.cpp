@@ -99,8 +99,9 @@ TEST_P(ProgressStepRule, BarValueAndFinished) {
     const StepCase& c = GetParam();
     const ProgressStep step = ComputeProgressStep(c.range, c.position);
     EXPECT_EQ(std::pair(step.show, step.finished), std::pair(c.show, c.finished));
-    if (c.show)
+    if (c.show) {
         EXPECT_EQ(step.value, c.value);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -62,7 +62,7 @@ INSTANTIATE_TEST_SUITE_P(
         FaceCase{"DisabledWithoutBitmap", false, false, true, kPause, 0, kBmpPortraitPlay},
         FaceCase{"LoadingAgainDropsTheFocusedBitmap", false, true, false, kPause, kGrey,
                  kBmpPortraitStop, true}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& test) { return std::string(test.param.name); });
 
 
 TEST(FitTextToWidth, KeepsFittingTextsAndCutsOthersToTheLongestFittingBeginning) {

@@ -58,7 +58,7 @@ INSTANTIATE_TEST_SUITE_P(
         ScrollCase{"AboveAndRight", 250, -5, true, true, {LineUp, LineDown}},
         ScrollCase{"BelowAndLeft", -5, 120, true, true, {LineDown, LineUp}},
         ScrollCase{"RightOnlyVerticalBar", 250, 50, true, false, {}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& test) { return std::string(test.param.name); });
 
 
 struct Entry {
@@ -124,7 +124,7 @@ INSTANTIATE_TEST_SUITE_P(
         CompareCase{"Text3", {0, u"A", u"S", u"Z", 1}, {0, u"B", u"S", u"A", 1}, 3, -1, 1},
         CompareCase{"Text3EmptyB", {0, u"A", u"S", u"A", 1}, {0, u"B", u"S", u"", 1}, 3, 1, -1},
         CompareCase{"Text3TieValueD", {0, u"A", u"S", u"T", 1}, {0, u"B", u"S", u"T", 2}, 3, 1, -1}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& test) { return std::string(test.param.name); });
 
 TEST(SortPlaylistEntries, IsStableAndKeepsUnlinkedEntriesInTheirOrder) {
     PlaylistEntryList list;

@@ -54,7 +54,7 @@ INSTANTIATE_TEST_SUITE_P(
         DeleteCase{"FourInARowRestartAfterAMiss", {1, 2, 3, 4}, {0, 4, 5, 6, 7}},
         DeleteCase{"FirstTwoRows", {0, 1}, {1, 2, 3, 4, 5, 6, 7}},
         DeleteCase{"LastRowAlone", {7}, {0, 1, 2, 3, 4, 5, 6}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& test) { return std::string(test.param.name); });
 
 struct PaneCase {
     const char* name;
@@ -84,7 +84,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(PaneCase{"Portrait", {240, 320}, {13, 68, 240, 230}},
                       PaneCase{"Landscape", {320, 240}, {13, 68, 260, 230}},
                       PaneCase{"Short", {320, 200}, {13, 68, 260, 200}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& test) { return std::string(test.param.name); });
 
 } // namespace
 } // namespace zelvor
