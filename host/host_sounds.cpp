@@ -27,6 +27,16 @@ void Discard(GstElement* element) {
         gst_object_unref(gst_object_ref_sink(element));
 }
 
+// Detaches the bus handler first, so none runs once the pipeline is going;
+// stopping joins its streaming threads.
+void ReleasePipeline(GstElement* pipeline) {
+    GstBus* bus = gst_element_get_bus(pipeline);
+    gst_bus_set_sync_handler(bus, nullptr, nullptr, nullptr);
+    gst_object_unref(bus);
+    gst_element_set_state(pipeline, GST_STATE_NULL);
+    gst_object_unref(pipeline);
+}
+
 } // namespace
 
 HostSounds::HostSounds() : HostSounds(SoundSinkFromEnvironment()) {}
@@ -43,13 +53,8 @@ HostSounds::HostSounds(AudioSinkChoice sink) : m_sink(std::move(sink)) {
 
 HostSounds::~HostSounds() {
     // Stopping joins the streaming threads, so no bus handler runs after.
-    for (GstElement* pipeline : m_active) {
-        GstBus* bus = gst_element_get_bus(pipeline);
-        gst_bus_set_sync_handler(bus, nullptr, nullptr, nullptr);
-        gst_object_unref(bus);
-        gst_element_set_state(pipeline, GST_STATE_NULL);
-        gst_object_unref(pipeline);
-    }
+    for (GstElement* pipeline : m_active)
+        ReleasePipeline(pipeline);
     if (m_capture)
         m_capture->EndSegment();
 }
@@ -149,11 +154,7 @@ void HostSounds::Finish(GstElement* pipeline) {
     if (it == m_active.end())
         return;
     m_active.erase(it);
-    GstBus* bus = gst_element_get_bus(pipeline);
-    gst_bus_set_sync_handler(bus, nullptr, nullptr, nullptr);
-    gst_object_unref(bus);
-    gst_element_set_state(pipeline, GST_STATE_NULL);
-    gst_object_unref(pipeline);
+    ReleasePipeline(pipeline);
     if (m_capture)
         m_capture->EndSegment();
 }
