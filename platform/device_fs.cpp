@@ -183,9 +183,7 @@ std::unique_ptr<FindHandle> DeviceFileSystem::FindFirst(std::u16string_view patt
         if (MatchesWildcard(name, namePattern) && FillFindData(b.host, name, data))
             bound.push_back(std::move(data));
     }
-    FolderStream dir(opened->fd >= 0 ? ::fdopendir(opened->fd) : nullptr);
-    if (!dir && opened->fd >= 0)
-        ::close(opened->fd);
+    FolderStream dir(opened->fd);
     if (!dir && bound.empty())
         return nullptr;
     auto handle = ListFolder(std::move(dir), std::move(opened->host), std::u16string(namePattern),
@@ -200,7 +198,7 @@ std::uint32_t DeviceFileSystem::GetAttributes(std::u16string_view path) const {
     struct stat st {};
     if (!host || ::stat(host->c_str(), &st) != 0)
         return kInvalidAttributes;
-    return AttributesOf(AT_FDCWD, host->c_str(), {}, st);
+    return AttributesOf(st, ReadStoredAttributes(*host));
 }
 
 bool DeviceFileSystem::SetAttributes(std::u16string_view path, std::uint32_t attributes) {
@@ -253,7 +251,10 @@ bool DeviceFileSystem::MoveFile(std::u16string_view from, std::u16string_view to
         return false;
     if (sameEntry)
         target = source->parent_path() / ToUtf8(DeviceNameOf(NormalizePath(to)));
-    return ::rename(source->c_str(), target->c_str()) == 0;
+    if (::rename(source->c_str(), target->c_str()) != 0)
+        return false;
+    KeepWordVisible(*target);
+    return true;
 }
 
 std::optional<DiskSpace> DeviceFileSystem::GetDiskFreeSpace(std::u16string_view path) const {

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,16 +20,37 @@
 
 namespace zelvor {
 
-// An open folder stream, closed when it goes.
-struct FolderStreamCloser {
-    void operator()(DIR* dir) const { ::closedir(dir); }
-};
-using FolderStream = std::unique_ptr<DIR, FolderStreamCloser>;
+// An open folder read straight through getdents64, closed when it goes.
+// A folder of a large collection is opened by descriptor and read once;
+// readdir's DIR would add a stat and two fcntl calls to every folder.
+class FolderStream {
+public:
+    FolderStream() = default;
+    // Takes the descriptor (-1: an empty stream).
+    explicit FolderStream(int fd) : m_fd(fd) {}
+    static FolderStream Open(const std::filesystem::path& folder);
+    FolderStream(FolderStream&& other) noexcept;
+    FolderStream& operator=(FolderStream&& other) noexcept;
+    ~FolderStream();
 
-// The attributes of the entry `entry` of the folder open as dirFd (`folder`
-// is its path); AT_FDCWD with a full path in `entry` also does.
-std::uint32_t AttributesOf(int dirFd, const char* entry, const std::filesystem::path& folder,
-                           const struct stat& st, bool mayBeFat = true);
+    explicit operator bool() const { return m_fd >= 0; }
+    int Fd() const { return m_fd; }
+    // The next entry, "." and ".." included; nullptr at the end or on an
+    // error, after which the stream is closed.
+    const dirent64* Next();
+
+private:
+    void Close();
+
+    int m_fd = -1;
+    std::unique_ptr<char[]> m_buffer;
+    std::size_t m_filled = 0;
+    std::size_t m_offset = 0;
+};
+
+// The attributes the device reports for a host entry with this stat and
+// stored word (nullopt: none stored).
+std::uint32_t AttributesOf(const struct stat& st, std::optional<std::uint32_t> stored);
 
 // The find data of a host path under the given device name; false when it
 // cannot be read (a dangling link among them).

@@ -20,6 +20,7 @@ namespace zelvor {
 namespace {
 
 constexpr const char* kXattrName = "user.zelvor.attributes";
+constexpr const char* kFolderMarkName = "user.zelvor.words";
 constexpr std::uint32_t kStoredBits = kAttrReadOnly | kAttrHidden | kAttrSystem | kAttrArchive;
 
 // getxattrat(2) came with Linux 6.13; its number is the same on every
@@ -73,15 +74,8 @@ ssize_t GetXattrAt(int dirFd, const char* name, const std::filesystem::path& fol
     return ::getxattr(host.c_str(), kXattrName, buffer, size);
 }
 
-} // namespace
-
-std::optional<std::uint32_t> ReadStoredAttributesAt(int dirFd, const char* name,
-                                                    const std::filesystem::path& folder,
-                                                    bool mayBeFat) {
-    if (mayBeFat) {
-        if (auto fat = FatAttributes(dirFd, name))
-            return fat;
-    }
+std::optional<std::uint32_t> XattrWord(int dirFd, const char* name,
+                                       const std::filesystem::path& folder) {
     char buffer[16];
     ssize_t n = GetXattrAt(dirFd, name, folder, buffer, sizeof buffer);
     if (n <= 0)
@@ -93,21 +87,63 @@ std::optional<std::uint32_t> ReadStoredAttributesAt(int dirFd, const char* name,
     return value & kStoredBits;
 }
 
-std::optional<std::uint32_t> ReadStoredAttributes(const std::filesystem::path& host,
-                                                  bool mayBeFat) {
-    return ReadStoredAttributesAt(AT_FDCWD, host.c_str(), {}, mayBeFat);
-}
-
 bool IsFatFolder(int dirFd) {
     struct statfs info {};
     return ::fstatfs(dirFd, &info) == 0 && info.f_type == MSDOS_SUPER_MAGIC;
 }
 
+bool MarkFolder(const std::filesystem::path& folder) {
+    return ::setxattr(folder.c_str(), kFolderMarkName, "1", 1, 0) == 0;
+}
+
+} // namespace
+
+FolderWords ProbeFolderWords(int dirFd) {
+    if (::fgetxattr(dirFd, kFolderMarkName, nullptr, 0) >= 0)
+        return FolderWords::kStored;
+    const int error = errno;
+    if (error == ENODATA)
+        return FolderWords::kNone;
+    // Only a file system without extended attributes (FAT among them) says
+    // so; only then is it worth asking which one it is.
+    if (IsFatFolder(dirFd))
+        return FolderWords::kFat;
+    return error == ENOTSUP ? FolderWords::kNone : FolderWords::kStored;
+}
+
+std::optional<std::uint32_t> ReadStoredAttributesAt(int dirFd, const char* name,
+                                                    const std::filesystem::path& folder,
+                                                    FolderWords words) {
+    switch (words) {
+    case FolderWords::kFat:
+        return FatAttributes(dirFd, name);
+    case FolderWords::kStored:
+        return XattrWord(dirFd, name, folder);
+    case FolderWords::kNone:
+        break;
+    }
+    return std::nullopt;
+}
+
+std::optional<std::uint32_t> ReadStoredAttributes(const std::filesystem::path& host) {
+    if (auto fat = FatAttributes(AT_FDCWD, host.c_str()))
+        return fat;
+    return XattrWord(AT_FDCWD, host.c_str(), {});
+}
+
 bool WriteStoredAttributes(const std::filesystem::path& host, std::uint32_t attributes) {
     if (SetFatAttributes(host, attributes))
         return true;
+    // The mark goes first: a word in an unmarked folder would be missed.
+    if (!MarkFolder(host.parent_path()))
+        return false;
     std::string text = std::to_string(attributes & kStoredBits);
     return ::setxattr(host.c_str(), kXattrName, text.data(), text.size(), 0) == 0;
+}
+
+void KeepWordVisible(const std::filesystem::path& host) {
+    if (XattrWord(AT_FDCWD, host.c_str(), {}))
+        MarkFolder(host.parent_path());
 }
 
 } // namespace zelvor

@@ -150,6 +150,11 @@ TEST(DeviceFind, WildcardsAndEntryData) {
     EXPECT_GT(data.lastWriteTime, 116444736000000000ULL); // after 1970 in 1601-based units
     ASSERT_TRUE(dev.Fs().FindFirst(u"\\Flash Disk\\Sub", data));
     EXPECT_EQ(data.attributes & kAttrDirectory, kAttrDirectory);
+
+    // More entries than one read of the folder brings.
+    for (int i = 0; i < 600; ++i)
+        dev.WriteFile(u"\\Flash Disk\\Many\\" + std::u16string(40, u'n') + FromUtf8(std::to_string(i)), "");
+    EXPECT_EQ(ListNames(dev.Fs(), u"\\Flash Disk\\Many\\*.*").size(), 600u);
 }
 
 TEST(DeviceAttributes, HiddenAndSystemSurviveAndReadOnlyMapsToPermissions) {
@@ -162,6 +167,13 @@ TEST(DeviceAttributes, HiddenAndSystemSurviveAndReadOnlyMapsToPermissions) {
     FindData data;
     ASSERT_TRUE(dev.Fs().FindFirst(u"\\Storage Card\\h.mp3", data));
     EXPECT_EQ(data.attributes & kAttrHidden, kAttrHidden);
+    // A listing reads words only in folders that hold some: moved into a
+    // folder that held none, the file must still be seen hidden there.
+    dev.WriteFile(u"\\Storage Card\\Plain\\p.mp3", "x");
+    ASSERT_TRUE(dev.Fs().MoveFile(u"\\Storage Card\\h.mp3", u"\\Storage Card\\Plain\\h.mp3"));
+    ASSERT_TRUE(dev.Fs().FindFirst(u"\\Storage Card\\Plain\\h.mp3", data, FindDetail::Attributes));
+    EXPECT_EQ(data.attributes & kAttrHidden, kAttrHidden);
+    ASSERT_TRUE(dev.Fs().MoveFile(u"\\Storage Card\\Plain\\h.mp3", u"\\Storage Card\\h.mp3"));
 
     ASSERT_TRUE(dev.Fs().SetAttributes(u"\\Storage Card\\h.mp3", kAttrReadOnly));
     EXPECT_EQ(dev.Fs().GetAttributes(u"\\Storage Card\\h.mp3") & (kAttrReadOnly | kAttrHidden),
