@@ -1,5 +1,6 @@
 #include "tags/track_record.h"
 
+#include <algorithm>
 #include <functional>
 
 namespace zelvor {
@@ -33,11 +34,35 @@ bool IsNumberField(int id) {
     }
 }
 
+char16_t* TrackRecord::WritableTexts(std::size_t chars) {
+    if (m_texts ? m_texts.use_count() == 1 && chars <= m_capacity : chars == 0)
+        return m_texts.get();
+    // Grown by half again, so that a record filled field by field is not
+    // copied once per field.
+    const std::size_t capacity =
+        chars <= m_capacity ? m_capacity : std::max(chars, std::size_t{m_capacity} * 3 / 2);
+    auto fresh = std::make_shared_for_overwrite<char16_t[]>(capacity);
+    if (TextSize() > 0)
+        std::char_traits<char16_t>::copy(fresh.get(), m_texts.get(), TextSize());
+    m_texts = std::move(fresh);
+    m_capacity = static_cast<std::uint32_t>(capacity);
+    return m_texts.get();
+}
+
+void TrackRecord::ReserveText(std::size_t chars) {
+    if (chars > m_capacity)
+        WritableTexts(chars);
+}
+
 void TrackRecord::SetSlot(int slot, std::u16string_view text) {
     const std::uint32_t begin = slot == 0 ? 0 : m_ends[slot - 1];
     const std::uint32_t oldLength = m_ends[slot] - begin;
     const auto newLength = static_cast<std::uint32_t>(text.size());
-    m_texts.replace(begin, oldLength, text);
+    const std::uint32_t size = TextSize();
+    char16_t* texts = WritableTexts(size - oldLength + newLength);
+    std::char_traits<char16_t>::move(texts + begin + newLength, texts + begin + oldLength,
+                                     size - begin - oldLength);
+    std::char_traits<char16_t>::copy(texts + begin, text.data(), newLength);
     for (int i = slot; i < kTextSlots; ++i)
         m_ends[i] = m_ends[i] - oldLength + newLength;
     m_present |= static_cast<std::uint8_t>(1u << slot);
@@ -49,9 +74,9 @@ void TrackRecord::SetField(int id, std::u16string_view text) {
         return;
     // A view of our own texts would dangle once the buffer moves.
     std::u16string copy;
-    const char16_t* own = m_texts.data();
+    const char16_t* own = m_texts.get();
     std::less<const char16_t*> before;
-    if (!text.empty() && !before(text.data(), own) && before(text.data(), own + m_texts.size())) {
+    if (!text.empty() && own && !before(text.data(), own) && before(text.data(), own + TextSize())) {
         copy.assign(text);
         text = copy;
     }
@@ -96,7 +121,7 @@ std::u16string_view TrackRecord::Text(int id) const {
     if (slot < 0)
         return {};
     const std::uint32_t begin = slot == 0 ? 0 : m_ends[slot - 1];
-    return std::u16string_view(m_texts).substr(begin, m_ends[slot] - begin);
+    return std::u16string_view(m_texts.get() + begin, m_ends[slot] - begin);
 }
 
 bool TrackRecord::HasText(int id) const {
@@ -113,10 +138,12 @@ void TrackRecord::ClearText(int id) {
 }
 
 std::unique_ptr<TrackRecord> TrackRecord::Clone() const {
-    // The copy takes every field; its file name is derived from the path
-    // again, so only a record without a path keeps a file name of its own.
+    // The copy takes every field, sharing the texts; its file name is derived
+    // from the path again, so only a record without a path keeps a file name
+    // of its own. Setting it only where it differs keeps the texts shared.
     auto copy = std::make_unique<TrackRecord>(*this);
-    if (HasText(kFieldPath))
+    if (HasText(kFieldPath) &&
+        (!HasText(kFieldFileName) || Text(kFieldFileName) != FileNameOfPath(Text(kFieldPath))))
         copy->SetField(kFieldPath, Text(kFieldPath));
     return copy;
 }

@@ -5,7 +5,9 @@
 // Texts are owned by the record and may be "none" (never set), which reads
 // back as an empty text; the library file tells none from empty. All texts
 // of a record share one allocation: a library of 100,000 records must not
-// pay six string headers and six heap blocks per record.
+// pay six string headers and six heap blocks per record. A clone shares that
+// allocation with its original until either changes a text, so the play
+// queue made from the whole library costs its records, not their texts again.
 
 #include <array>
 #include <cstdint>
@@ -72,19 +74,24 @@ public:
     std::unique_ptr<TrackRecord> Clone() const;
 
     // Bytes of text held (for memory accounting in benchmarks).
-    std::size_t TextBytes() const { return m_texts.size() * sizeof(char16_t); }
+    std::size_t TextBytes() const { return TextSize() * sizeof(char16_t); }
     // Makes room for this many characters of text in all, so that a loader
     // that knows every text in advance fills the record with one allocation
     // of the exact size.
-    void ReserveText(std::size_t chars) { m_texts.reserve(chars); }
+    void ReserveText(std::size_t chars);
 
 private:
     static constexpr int kTextSlots = 6;
     static int SlotOf(int id);
     void SetSlot(int slot, std::u16string_view text);
+    std::uint32_t TextSize() const { return m_ends[kTextSlots - 1]; }
+    // The texts, this record's alone and with room for `chars` in all.
+    char16_t* WritableTexts(std::size_t chars);
 
-    // Texts of the six slots end to end; m_ends[i] is where slot i ends.
-    std::u16string m_texts;
+    // Texts of the six slots end to end, possibly shared with clones (never
+    // written while shared); m_ends[i] is where slot i ends.
+    std::shared_ptr<char16_t[]> m_texts;
+    std::uint32_t m_capacity = 0;
     std::array<std::uint32_t, kTextSlots> m_ends{};
     std::uint8_t m_present = 0; // bit i: slot i is set (not none)
 

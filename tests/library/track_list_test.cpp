@@ -54,6 +54,30 @@ TEST(TrackListItems, IndexesOutsideTheListAppendOrAreRefused) {
     EXPECT_EQ(list.Count(), 0);
 }
 
+// A clone shares its original's texts until one of them changes a text:
+// neither may then see the other's change.
+TEST(TrackRecordClone, TextsStayApartOnceEitherChanges) {
+    auto original = Rec(u"Song", u"Album");
+    original->SetField(kFieldFileName, u"other.mp3");
+    auto clone = original->Clone();
+    EXPECT_EQ(clone->Text(kFieldFileName), u"Song.mp3"); // derived from the path again
+    EXPECT_EQ(original->Text(kFieldFileName), u"other.mp3");
+    auto second = clone->Clone();
+    second->SetField(kFieldTitle, u"A much longer title than before");
+    clone->ClearText(kFieldAlbum);
+    original->ReserveText(400);
+    original->SetField(kFieldArtist, u"Artist");
+    EXPECT_EQ(second->Text(kFieldTitle), u"A much longer title than before");
+    EXPECT_EQ(second->Text(kFieldAlbum), u"Album");
+    EXPECT_EQ(clone->Text(kFieldTitle), u"Song");
+    EXPECT_FALSE(clone->HasText(kFieldAlbum));
+    EXPECT_EQ(clone->Text(kFieldPath), u"\\m\\Song.mp3");
+    EXPECT_EQ(original->Text(kFieldAlbum), u"Album");
+    EXPECT_EQ(original->Text(kFieldArtist), u"Artist");
+    EXPECT_FALSE(second->HasText(kFieldArtist));
+    EXPECT_EQ(original->TextBytes(), (9 + 11 + 4 + 5 + 6) * sizeof(char16_t));
+}
+
 // Negative arguments keep the kept key and order; key and order are packed
 // as 16 bits each (order 0x10000 reads as 0); any other non-zero order ascends.
 TEST(TrackListSort, ArgumentsOutsideTheirRange) {
