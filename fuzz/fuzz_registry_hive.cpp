@@ -37,6 +37,7 @@ std::vector<FuzzInput> MakeFuzzSeeds() {
     store.SetDword(kRoot, u"Software\\Zelvor", u"Volume", 0x1F);
     store.SetString(kRoot, u"Software\\Zelvor", u"Folder", u"\\Flash Disk\\\"Music\"");
     store.SetString(kRoot, u"Software\\Zelvor\\Keys", u"", u"default");
+    store.SetString(kRoot, u"Software\\Zelvor\\Keys", u"Lines", u"two\r\nlines");
     std::vector<FuzzInput> seeds{FuzzBytes(store.HiveImage(kRoot))};
     seeds.push_back(FuzzBytes("\xEF\xBB\xBFREGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\A]\r\n"
                               "\"Raw\"=hex:01,02,\\\r\n  03\r\n\"Gone\"=-\r\n[-HKEY_CURRENT_USER\\B]\r\n"

@@ -92,6 +92,28 @@ std::u16string Quote(std::u16string_view text) {
     return out;
 }
 
+// A line break inside a quoted text or a name would end its line in the
+// file, and the next load would find the hive damaged and lose every
+// setting in it.
+bool HasLineBreak(std::u16string_view text) {
+    return text.find_first_of(u"\r\n") != std::u16string_view::npos;
+}
+
+// A text with line breaks is written as the export format writes any
+// string it cannot quote: hex(1), its UTF-16LE bytes and a final NUL.
+std::u16string HexString(std::u16string_view text) {
+    std::u16string out = u"hex(1):";
+    char buffer[8];
+    for (size_t i = 0; i <= text.size(); ++i) {
+        const unsigned c = i < text.size() ? text[i] : 0;
+        std::snprintf(buffer, sizeof buffer, "%02x,%02x", c & 0xFF, c >> 8);
+        if (i > 0)
+            out += u',';
+        out.append(buffer, buffer + 5);
+    }
+    return out;
+}
+
 std::optional<std::uint32_t> ParseHex32(std::u16string_view digits) {
     if (digits.empty() || digits.size() > 8)
         return std::nullopt;
@@ -106,6 +128,30 @@ std::optional<std::uint32_t> ParseHex32(std::u16string_view digits) {
         value = (value << 4) | static_cast<std::uint32_t>(d);
     }
     return value;
+}
+
+// The text of a hex(1) value; nullopt when a byte is not two hex digits.
+std::optional<std::u16string> ParseHexString(std::u16string_view bytes) {
+    std::u16string out;
+    std::optional<std::uint32_t> low;
+    while (!bytes.empty()) {
+        const size_t comma = std::min(bytes.find(u','), bytes.size());
+        std::u16string_view digits = bytes.substr(0, comma);
+        digits.remove_prefix(std::min(digits.find_first_not_of(u' '), digits.size()));
+        const auto value = digits.size() == 2 ? ParseHex32(digits) : std::nullopt;
+        if (!value)
+            return std::nullopt;
+        if (low) {
+            out.push_back(static_cast<char16_t>(*low | (*value << 8)));
+            low.reset();
+        } else {
+            low = value;
+        }
+        bytes.remove_prefix(std::min(comma + 1, bytes.size()));
+    }
+    if (!out.empty() && out.back() == u'\0')
+        out.pop_back();
+    return out;
 }
 
 std::u16string Hex32(std::uint32_t value) {
@@ -289,6 +335,14 @@ std::optional<RegistryStore::Data> RegistryStore::ParseValueData(std::u16string_
             return std::nullopt;
         return Data{*value};
     }
+    if (data.starts_with(u"hex(1):")) {
+        if (auto text = ParseHexString(data.substr(7)))
+            return Data{std::move(*text)};
+    }
+    // A value continued onto a line that never came keeps no backslash: it
+    // would join the next line on when written back.
+    while (data.ends_with(u'\\'))
+        data.remove_suffix(1);
     if (data.starts_with(u"hex") || data == u"-")
         return Data{RawValue{std::u16string(data)}};
     return std::nullopt;
@@ -312,7 +366,7 @@ std::u16string RegistryStore::Serialize(RegistryRoot root, const Hive& hive) con
             if (auto* dword = std::get_if<std::uint32_t>(&value.data))
                 out += u"dword:" + Hex32(*dword);
             else if (auto* text = std::get_if<std::u16string>(&value.data))
-                out += Quote(*text);
+                out += HasLineBreak(*text) ? HexString(*text) : Quote(*text);
             else
                 out += std::get<RawValue>(value.data).text;
             out += u"\r\n";
@@ -352,6 +406,8 @@ RegistryStore::Key& RegistryStore::KeyForWrite(RegistryRoot root, std::u16string
 }
 
 bool RegistryStore::CreateKey(RegistryRoot root, std::u16string_view key) {
+    if (HasLineBreak(key))
+        return false;
     std::lock_guard guard(m_lock);
     KeyForWrite(root, key);
     return true;
@@ -394,6 +450,10 @@ std::optional<std::u16string> RegistryStore::QueryString(RegistryRoot root,
 
 void RegistryStore::SetValue(RegistryRoot root, std::u16string_view key, std::u16string_view name,
                              Data data) {
+    if (HasLineBreak(key) || HasLineBreak(name)) {
+        DebugPrint(u"registry: a key or value name with a line break is not stored");
+        return;
+    }
     std::lock_guard guard(m_lock);
     Key& k = KeyForWrite(root, key);
     m_hives[Index(root)].dirty = true;

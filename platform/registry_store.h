@@ -48,6 +48,8 @@ public:
                                               std::u16string_view name) const;
 
     // Create the key when it is missing. The change is in memory until Flush.
+    // A key or value name with a line break is refused (nothing changes): the
+    // hive file could not hold it. Texts with line breaks are kept.
     void SetDword(RegistryRoot root, std::u16string_view key, std::u16string_view name,
                   std::uint32_t value);
     void SetString(RegistryRoot root, std::u16string_view key, std::u16string_view name,

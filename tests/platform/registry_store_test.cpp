@@ -47,6 +47,23 @@ TEST(RegistryValues, KeysAndNamesIgnoreCaseAndTypesAreKept) {
               u"SD \"Card\"\\x");
 }
 
+// A line break written raw would damage the hive, and the next start would
+// lose every setting in it.
+TEST(RegistryFile, LineBreaksNeverDamageTheHive) {
+    TempDir dir;
+    {
+        RegistryStore reg(dir.Path());
+        reg.SetString(HKCU, u"K", u"Path", u"a\r\nb\n\x00e9");
+        reg.SetDword(HKCU, u"K", u"Bad\nName", 1);
+        EXPECT_FALSE(reg.CreateKey(HKCU, u"K\\x\ry"));
+        ASSERT_TRUE(reg.Flush(HKCU));
+    }
+    RegistryStore again(dir.Path());
+    EXPECT_EQ(again.QueryString(HKCU, u"K", u"Path"), u"a\r\nb\n\x00e9");
+    EXPECT_FALSE(again.QueryDword(HKCU, u"K", u"Bad\nName"));
+    EXPECT_FALSE(again.KeyExists(HKCU, u"K\\x\ry"));
+}
+
 // Changes not flushed, a deletion among them, are written when the store goes.
 TEST(RegistryValues, UnflushedChangesAreSavedWhenTheStoreGoes) {
     TempDir dir;
@@ -72,7 +89,7 @@ TEST(RegistryFile, IsAWindowsRegExportAndReadsHandWrittenUtf8) {
 
     WriteHive(dir.Path() / "HKEY_LOCAL_MACHINE.reg",
               "REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\OMBREL]\n\"GUI Color\"=dword:0000000A\n"
-              "\"Bin\"=hex:01,02,\\\n  03\n; a comment\n");
+              "\"Bin\"=hex:01,02,\\\n  03\n; a comment\n\"Tail\"=hex:05,\\\n");
     RegistryStore reg(dir.Path());
     EXPECT_EQ(reg.QueryDword(HKLM, u"OMBREL", u"GUI Color"), 10u);
     reg.SetDword(HKLM, u"OMBREL", u"Language", 1);
