@@ -1,5 +1,6 @@
 // The player screen's buttons, tapped and held on the real widget over the
-// fake graph: what each one asks of the engine and how the screen shows it.
+// fake graph: what each one asks of the engine and how the screen shows it;
+// the seek bar and the time digits.
 
 #include <gtest/gtest.h>
 
@@ -7,6 +8,7 @@
 
 namespace zelvor {
 namespace {
+using testing::kSecond;
 using testing::ScreenRig;
 using testing::SeekTo;
 
@@ -91,6 +93,45 @@ TEST_P(PlayerButtonsTest, LibraryHideMenuAndDisplayOffGoToTheFrameAndHost) {
         rig.TapButton(button);
     EXPECT_EQ(std::tuple(rig.frame.hides, rig.frame.menus, rig.host.displayOffs),
               std::tuple(1, 1, 1));
+}
+
+// The thumb, held by its middle and dropped half way along its travel
+// (from the bar's left + 4 to one thumb short of its right), seeks to half
+// the track; a tick leaves a dragged thumb alone. A press off the thumb only
+// moves it; a tap on the digits switches elapsed and remaining time.
+TEST_P(PlayerButtonsTest, TheSeekBarAndTheTimeDigits) {
+    ScreenRig rig(GetParam());
+    rig.PlayList({u"a.mp3"}, 100);
+    rig.TapButton(kButtonPlay);
+    const ScreenGeometry& geometry = rig.Screen().Geometry();
+    const PixelRect bar = geometry.buttons[kButtonSeekBar];
+    const int half = geometry.thumb.width / 2, y = bar.top + 5;
+    const int dropX = bar.left + 4 + (bar.right - geometry.thumb.width - bar.left - 4) / 2 + half;
+    const SeekBar& seekBar = rig.GetPlayer().Position().Bar();
+    const std::size_t mark = rig.factory.log.size();
+    rig.Press({bar.left + half, y});
+    rig.MoveTo({dropX - 30, y});
+    const int dragged = seekBar.thumbX;
+    rig.Graph()->position = 90 * kSecond;
+    rig.Screen().OnTimer(kTimerPosition);
+    EXPECT_EQ(seekBar.thumbX, dragged);
+    EXPECT_EQ(rig.ButtonState(kButtonSeekBar), kDisplayPressed);
+    rig.MoveTo({dropX, y});
+    rig.Release({dropX, y});
+    EXPECT_EQ(rig.ButtonState(kButtonSeekBar), kDisplayNormal);
+    rig.Press({bar.left + 40, y});
+    EXPECT_EQ(seekBar.thumbX, bar.left + 40 - half);
+    rig.MoveTo({bar.left + 60, y});
+    rig.Release({bar.left + 60, y});
+    EXPECT_EQ(seekBar.thumbX, bar.left + 40 - half);
+    EXPECT_EQ(rig.factory.LogSince(mark), std::vector<std::string>{SeekTo(50)});
+
+    rig.Graph()->position = 30 * kSecond;
+    const QPoint digits = testing::Centre(ElementArea(geometry, ScreenElement::TimeDigits));
+    rig.Tap(digits);
+    EXPECT_EQ(rig.GetPlayer().Position().Time(), (TimeDisplay{0, 1, 10}));
+    rig.Tap(digits);
+    EXPECT_EQ(rig.GetPlayer().Position().Time(), (TimeDisplay{0, 0, 30}));
 }
 
 ZELVOR_BOTH_ORIENTATIONS(PlayerButtonsTest);
