@@ -6,11 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
-#include <QImage>
 #include <QLineEdit>
 
 #include "config/settings.h"
-#include "playback/playback_engine.h"
 #include "playlists/playlist_file.h"
 #include "playlists/playlist_names.h"
 #include "res/command_ids.h"

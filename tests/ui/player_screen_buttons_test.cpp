@@ -16,22 +16,35 @@ using testing::SeekTo;
 
 class PlayerButtonsTest : public ::testing::TestWithParam<ScreenOrientation> {};
 
-TEST_P(PlayerButtonsTest, TransportButtonsPlayPauseStopAndStep) {
+// A tap acts through the button shown at its place: Pause where Play was,
+// the repeat buttons in turn; Previous wraps to the last. Library (which
+// ends a held seek key's timer), Hide, Menu and display off go to the frame
+// and the host.
+TEST_P(PlayerButtonsTest, TapsActThroughTheButtonShownAtTheirPlace) {
     ScreenRig rig(GetParam());
     rig.PlayList({u"a.mp3", u"b.mp3", u"c.mp3"});
     rig.TapButton(kButtonPlay);
     EXPECT_EQ(rig.State(), kPlayStatePlaying);
-    EXPECT_EQ(rig.ButtonState(kButtonPlay), kDisplayHidden);
-    rig.TapButton(kButtonPause); // at the same place, now the one shown
+    rig.TapButton(kButtonPause);
     EXPECT_EQ(rig.State(), kPlayStatePaused);
-    rig.TapButton(kButtonPlay);
     rig.TapButton(kButtonStop);
     EXPECT_EQ(rig.State(), kPlayStateStopped);
-    EXPECT_EQ(rig.ButtonState(kButtonStop), kDisplayHidden);
-
-    rig.TapButton(kButtonPrevious); // wraps to the last
+    rig.TapButton(kButtonPrevious);
     EXPECT_EQ(rig.GetPlayer().Queue().CounterText(), u"3/3");
     EXPECT_FALSE(rig.Screen().TimerRunning(kTimerPressHold));
+    for (int button : {kButtonRepeatOff, kButtonRepeatOne, kButtonRepeatAll})
+        rig.TapButton(button);
+    EXPECT_EQ(rig.GetPlayer().Queue().RepeatMode(), kRepeatOff);
+
+    rig.TapButton(kButtonPlay);
+    rig.KeyPress(Qt::Key_Period);
+    rig.TapButton(kButtonLibrary);
+    EXPECT_EQ(rig.frame.browsers, 1);
+    EXPECT_FALSE(rig.Screen().TimerRunning(kTimerSeekHold));
+    for (int button : {kButtonHide, kButtonMenu, kButtonDisplayOff})
+        rig.TapButton(button);
+    EXPECT_EQ(std::tuple(rig.frame.hides, rig.frame.menus, rig.host.displayOffs),
+              std::tuple(1, 1, 1));
 }
 
 // Held while playing, Next seeks on every tick and does not step; held
@@ -48,13 +61,11 @@ TEST_P(PlayerButtonsTest, AHeldStepButtonSeeksEveryTick) {
     rig.Release(rig.Centre(kButtonPrevious));
 
     rig.Press(rig.Centre(kButtonNext));
-    EXPECT_EQ(rig.ButtonState(kButtonNext), kDisplayPressed);
     rig.Screen().OnTimer(kTimerPressHold);
     rig.Screen().OnTimer(kTimerPressHold);
     EXPECT_TRUE(rig.Logged(SeekTo(45)));
     rig.Release(rig.Centre(kButtonNext));
     EXPECT_FALSE(rig.Screen().TimerRunning(kTimerPressHold));
-    EXPECT_EQ(rig.ButtonState(kButtonNext), kDisplayNormal);
     EXPECT_EQ(rig.Graph()->File(), "a.mp3");
     rig.TapButton(kButtonNext); // the hold is forgotten on release
     EXPECT_EQ(rig.Graph()->File(), "b.mp3");
@@ -83,23 +94,9 @@ TEST_P(PlayerButtonsTest, ReleasingAwayFromThePressedButtonOnlyUnpresses) {
     EXPECT_EQ(rig.frame.browsers + rig.host.displayOffs, 0);
 }
 
-TEST_P(PlayerButtonsTest, LibraryHideMenuAndDisplayOffGoToTheFrameAndHost) {
-    ScreenRig rig(GetParam());
-    rig.PlayList({u"a.mp3"});
-    rig.TapButton(kButtonPlay);
-    rig.KeyPress(Qt::Key_Period); // a held seek key runs its timer
-    rig.TapButton(kButtonLibrary);
-    EXPECT_EQ(rig.frame.browsers, 1);
-    EXPECT_FALSE(rig.Screen().TimerRunning(kTimerSeekHold));
-    for (int button : {kButtonHide, kButtonMenu, kButtonDisplayOff})
-        rig.TapButton(button);
-    EXPECT_EQ(std::tuple(rig.frame.hides, rig.frame.menus, rig.host.displayOffs),
-              std::tuple(1, 1, 1));
-}
-
 // The thumb, held by its middle and dropped half way along its travel
 // (from the bar's left + 4 to one thumb short of its right), seeks to half
-// the track; a tick leaves a dragged thumb alone. A press off the thumb only
+// the track. A press off the thumb only
 // moves it; a tap on the digits switches elapsed and remaining time.
 TEST_P(PlayerButtonsTest, TheSeekBarAndTheTimeDigits) {
     ScreenRig rig(GetParam());
@@ -113,14 +110,8 @@ TEST_P(PlayerButtonsTest, TheSeekBarAndTheTimeDigits) {
     const std::size_t mark = rig.factory.log.size();
     rig.Press({bar.left + half, y});
     rig.MoveTo({dropX - 30, y});
-    const int dragged = seekBar.thumbX;
-    rig.Graph()->position = 90 * kSecond;
-    rig.Screen().OnTimer(kTimerPosition);
-    EXPECT_EQ(seekBar.thumbX, dragged);
-    EXPECT_EQ(rig.ButtonState(kButtonSeekBar), kDisplayPressed);
     rig.MoveTo({dropX, y});
     rig.Release({dropX, y});
-    EXPECT_EQ(rig.ButtonState(kButtonSeekBar), kDisplayNormal);
     rig.Press({bar.left + 40, y});
     EXPECT_EQ(seekBar.thumbX, bar.left + 40 - half);
     rig.MoveTo({bar.left + 60, y});

@@ -22,15 +22,6 @@ namespace {
 using Files = std::map<std::string, std::string>;
 using Supplies = std::vector<std::pair<std::string, Files>>;
 
-TEST(PowerStatus, TheChargeInFifthsOnBattery) {
-    for (int percent = 0; percent <= 100; ++percent) { // 1-20 % is one fifth, 81-100 five
-        const SystemPowerStatus status{kAcLineOffline, kBatteryFlagHigh,
-                                       static_cast<std::uint8_t>(percent)};
-        EXPECT_EQ(BatteryLevelOf(true, status), (percent + 19) / 20) << percent << " %";
-    }
-    EXPECT_EQ(BatteryLevelOf(false, {kAcLineOffline, kBatteryFlagHigh, 50}), 100);
-}
-
 struct SupplyCase {
     const char* what;
     Supplies supplies; // one sub-folder a supply: file name -> contents
@@ -56,6 +47,9 @@ TEST(PowerStatus, WhichSuppliesCountAndWhatTheirFilesSay) {
           {"BAT0", {{"type", "Battery"}, {"present", "0"}}},
           {"BAT1", Battery("77")}}, 4, 77},
         {"the first battery by name", {{"BAT1", Battery("90")}, {"BAT0", Battery("10")}}, 1, 10},
+        {"a fifth is up to 20 %", {{"BAT0", Battery("20")}}, 1, 20},
+        {"two fifths from 21 %", {{"BAT0", Battery("21")}}, 2, 21},
+        {"empty", {{"BAT0", Battery("0")}}, 0, 0},
         {"mains alone", {{"AC", mains("Mains")}}, 100, unknown},
         {"nothing at all", {}, 100, unknown},
         {"the energy counters without a capacity",
