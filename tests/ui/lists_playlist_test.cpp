@@ -12,7 +12,6 @@
 #include "ui/widgets/lists/list_notify.h"
 #include "ui/widgets/lists/playlist_list_ctrl.h"
 #include "ui/widgets/lists/track_list_ctrl.h"
-#include "ui/widgets/lists/track_list_model.h"
 #include <QFont>
 #include <QFontMetrics>
 #include "res/bitmap_ids.h"
@@ -47,7 +46,6 @@ protected:
     QPoint RowPoint(int row, int x = 20) const {
         return {x, m_list->visualRect(m_list->model()->index(row, 0)).center().y()};
     }
-    std::vector<WindowMessage> Messages() { return m_parent.Take(); }
 
     PlaylistEntryList m_rows;
     testing::MessageSink m_parent;
@@ -61,15 +59,15 @@ TEST_F(PlaylistListCtrlTest, TapsOnRowsPostClickAndDoubleClickButEmptySpaceNothi
     m_list->SortRows();
     EXPECT_EQ(m_list->model()->index(0, 0).data().toString(), "Row 2"); // Z to A
     QTest::mouseClick(Viewport(), Qt::LeftButton, {}, RowPoint(1));
-    EXPECT_EQ(Messages(), (std::vector<WindowMessage>{{kMsgListClick, 1, 0}}));
+    EXPECT_EQ(m_parent.Take(), (std::vector<WindowMessage>{{kMsgListClick, 1, 0}}));
     const QPoint below = RowPoint(2) + QPoint(0, 60);
     // A double click comes as a click and then the second press.
     QTest::mouseClick(Viewport(), Qt::LeftButton, {}, below);
     QTest::mouseDClick(Viewport(), Qt::LeftButton, {}, below);
-    EXPECT_TRUE(Messages().empty());
+    EXPECT_TRUE(m_parent.Take().empty());
     QTest::mouseClick(Viewport(), Qt::LeftButton, {}, RowPoint(2));
     QTest::mouseDClick(Viewport(), Qt::LeftButton, {}, RowPoint(2));
-    EXPECT_EQ(Messages(), (std::vector<WindowMessage>{{kMsgListClick, 2, 0},
+    EXPECT_EQ(m_parent.Take(), (std::vector<WindowMessage>{{kMsgListClick, 2, 0},
                                                       {kMsgListDoubleClick, 2, 0}}));
 }
 
@@ -87,7 +85,7 @@ TEST_F(PlaylistListCtrlTest, KeysPostOncePerPress) {
     SendKey(m_list, QEvent::KeyPress, Qt::Key_Right, true);
     SendKey(m_list, QEvent::KeyPress, Qt::Key_Return);
     SendKey(m_list, QEvent::KeyRelease, Qt::Key_Return);
-    EXPECT_EQ(Messages(), (std::vector<WindowMessage>{
+    EXPECT_EQ(m_parent.Take(), (std::vector<WindowMessage>{
                               {kMsgListLeft, 3, 0}, {kMsgListRight, 3, 0}, {kMsgListClick, 3, 1}}));
 }
 
@@ -104,7 +102,7 @@ TEST_F(PlaylistListCtrlTest, ADragSelectsExactlyTheTouchedRowsOfTheVisiblePage) 
     EXPECT_EQ(m_list->SelectedIndexes(), (std::vector<int>{0, 6, 7}));
     SendMouse(Viewport(), QEvent::MouseButtonRelease, RowPoint(6, 60), Qt::NoButton);
     EXPECT_EQ(m_list->SelectedIndexes(), (std::vector<int>{0, 6, 7}));
-    EXPECT_TRUE(Messages().empty());
+    EXPECT_TRUE(m_parent.Take().empty());
     // A press on an unselected row selects it alone; dragging out scrolls.
     m_list->verticalScrollBar()->setValue(0);
     SendMouse(Viewport(), QEvent::MouseButtonPress, RowPoint(2));
@@ -125,14 +123,14 @@ TEST_F(PlaylistListCtrlTest, AHeldStillPressAsksForTheMenuAndItsReleaseChoosesNo
     SendMouse(Viewport(), QEvent::MouseButtonPress, point);
     QTest::qWait(CPlaylistListCtrl::kContextHoldMs + 150);
     SendMouse(Viewport(), QEvent::MouseButtonRelease, point, Qt::NoButton);
-    EXPECT_EQ(Messages(), (std::vector<WindowMessage>{
+    EXPECT_EQ(m_parent.Take(), (std::vector<WindowMessage>{
                               {kMsgListContextMenu, 0, PackPoint(global.x(), global.y())}}));
 
     SendMouse(Viewport(), QEvent::MouseButtonPress, RowPoint(0));
     SendMouse(Viewport(), QEvent::MouseMove, RowPoint(2));
     QTest::qWait(CPlaylistListCtrl::kContextHoldMs + 150);
     SendMouse(Viewport(), QEvent::MouseButtonRelease, RowPoint(2), Qt::NoButton);
-    EXPECT_TRUE(Messages().empty());
+    EXPECT_TRUE(m_parent.Take().empty());
 }
 
 class TrackListCtrlTest : public testing::WidgetApplicationFirst, public ::testing::Test {

@@ -30,13 +30,7 @@ protected:
         EnsureQtApplication();
         AppValues() = {};
         SelectSkinModule(0);
-    }
-    void TearDown() override {
-        frame.reset();
-        ReleaseSkinModule();
-    }
-    // A frame with fake panes.
-    void Make() {
+        // A frame with fake panes.
         FramePaneMakers makers;
         makers.player = [this](QWidget* parent, FrameMessages& messages) {
             auto pane = std::make_unique<FakePlayerScreen>(parent);
@@ -55,6 +49,10 @@ protected:
         ASSERT_TRUE(frame->Create());
         QObject::connect(frame.get(), &CMainFrame::Closed, [this] { ++closed; });
     }
+    void TearDown() override {
+        frame.reset();
+        ReleaseSkinModule();
+    }
 
     TestDevice dev;
     FakeOutside outside;
@@ -67,7 +65,6 @@ protected:
 };
 
 TEST_F(FrameWidget, EscapeIsTheBackKeyFromTheBrowserToThePlayerAndThenTheEnd) {
-    Make();
     paneMessages->ShowBrowser();
     EXPECT_TRUE(player->Called("CancelHoldTimers"));
     EXPECT_FALSE(player->isVisible());
@@ -97,7 +94,6 @@ class PanelLeaving : public FrameWidget, public ::testing::WithParamInterface<Le
 // over when rows were removed, so a deletion is never undone by leaving.
 // Untouched, the queue is left as it was.
 TEST_P(PanelLeaving, TheEditedListBecomesTheQueue) {
-    Make();
     const std::vector<std::string> queue{"\\Storage Card\\a.mp3", "\\Storage Card\\b.mp3"};
     player->queue = queue;
     paneMessages->ShowMenu();
@@ -127,13 +123,11 @@ INSTANTIATE_TEST_SUITE_P(Ways, PanelLeaving,
 
 // Start-up and end of the program on the host, wired through real endpoints.
 
-// A pane around the real player core on a fake graph: it reads the
-// player's settings when made and writes them when destroyed.
+// A pane around the real player core on a fake graph, whose queue the
+// start-up check fills.
 class PlayerCorePane final : public QWidget, public RecordingPlayer {
 public:
-    explicit PlayerCorePane(QWidget* parent) : QWidget(parent), player(graphs, view) {
-        player.Queue().LoadQueue();
-    }
+    explicit PlayerCorePane(QWidget* parent) : QWidget(parent), player(graphs, view) {}
     QWidget* Widget() override { return this; }
     int QueueCount() override { return player.Queue().EntryCount(); }
     void ReplaceQueue(const TrackList& list) override { player.Queue().ReplaceQueue(list); }
@@ -144,7 +138,7 @@ public:
 };
 
 // A run started on the host, filled from the library the start-up check
-// built, and ended by the shell: it leaves its settings behind.
+// built, and ended by the shell through its endpoint.
 TEST(Startup, WhatOneRunLeavesTheNextReadsBack) {
     EnsureQtApplication();
     AppValues() = {};
@@ -169,13 +163,10 @@ TEST(Startup, WhatOneRunLeavesTheNextReadsBack) {
     ASSERT_TRUE(app.InitInstance(u""));
     frameMessages->PostToFrame({kMsgStartupCheck, 0, 0});
     ASSERT_TRUE(SpinUntil([&] { return core->QueueCount() == 2; }));
-    core->player.Volume().VolumeStep(false);
     // The shell asks the program to end through its endpoint.
     ASSERT_TRUE(PostToEndpoint(dev.Root(), {EndpointKind::Title, u"Zelvor"},
                                {kMsgShellClose, 0, 0}));
     ASSERT_TRUE(SpinUntil([&] { return shell.Frame()->IsDestroyed(); }));
-    // The player wrote its settings on the way out.
-    EXPECT_EQ(GetProfileNumber(u"MP3", u"Volume", 0xFFFF), std::uint32_t(kDefaultVolumeIndex - 1));
     app.ExitInstance();
 }
 

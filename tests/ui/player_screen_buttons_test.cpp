@@ -1,6 +1,6 @@
 // The player screen's buttons, tapped and held on the real widget over the
 // fake graph: what each one asks of the engine and how the screen shows it;
-// the seek bar and the time digits.
+// the seek bar and the time digits; then its keys.
 
 #include <gtest/gtest.h>
 

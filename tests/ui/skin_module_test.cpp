@@ -36,16 +36,13 @@ protected:
     void Install(const std::string& name) {
         m_device.WriteFile(InProgramDirectory(name), ReadBuiltSkin(name));
     }
-    void InstallAll() {
-        for (const char* name : kBundles)
-            Install(name);
-    }
 
     testing::TestDevice m_device;
 };
 
 TEST_F(SkinModuleTest, EveryBitmapLoadsInEveryColourAtItsSizeAndEachColourHasItsOwnLook) {
-    InstallAll();
+    for (const char* name : kBundles)
+        Install(name);
     std::vector<QRgb> accents;
     for (std::uint16_t colour = 0; colour <= 4; ++colour) {
         SCOPED_TRACE(colour);
@@ -87,7 +84,8 @@ TEST_F(SkinModuleTest, WithoutAUsableBundleTheProgramsImagesAreUsed) {
 
 // The bundle's images are gone once it is released; those loaded before stay valid.
 TEST_F(SkinModuleTest, ANewColourReleasesTheOldBundle) {
-    InstallAll();
+    for (const char* name : kBundles)
+        Install(name);
     const SkinHandle blue = SelectSkinModule(1);
     const QImage before = LoadSkinBitmap(blue, kBmpPortraitPlay);
     const SkinHandle green = SelectSkinModule(4);
