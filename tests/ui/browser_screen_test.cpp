@@ -6,11 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
-#include <QImage>
 #include <QLineEdit>
 
 #include "config/settings.h"
-#include "playback/playback_engine.h"
 #include "playlists/playlist_file.h"
 #include "playlists/playlist_names.h"
 #include "res/command_ids.h"
@@ -19,6 +17,7 @@
 #include "tests/ui/lists_sink.h"
 #include "tests/ui/main_frame_fakes.h"
 #include "tests/ui/main_frame_rules_fixture.h"
+#include "tests/ui/player_screen_rig.h"
 #include "ui/widgets/browser/browser_screen.h"
 #include "ui/widgets/lists/bitmap_button.h"
 #include "ui/widgets/lists/playlist_list_ctrl.h"
@@ -30,22 +29,6 @@
 namespace zelvor {
 namespace {
 using namespace zelvor::testing;
-
-struct QuietHost : SoundPlayer, IdleTimer, DisplayPower, PowerSource {
-    void MessageBeep() override { ++beeps; }
-    bool PlaySound(std::u16string_view path) override {
-        sounds.push_back(ToUtf8(path));
-        return true;
-    }
-    void SystemIdleTimerReset() override {}
-    bool SetDisplayOff() override { return false; }
-    bool GetSystemPowerStatusEx(SystemPowerStatus& out) override {
-        out = {kAcLineOnline, kBatteryFlagHigh, 80};
-        return true;
-    }
-    int beeps = 0;
-    std::vector<std::string> sounds;
-};
 
 // Title from the file name, artist from its folder.
 std::unique_ptr<TrackRecord> ArtistRecord(std::u16string_view path, int typeCode) {
@@ -95,7 +78,7 @@ protected:
     TestDevice dev;
     FakeOutside outside;
     FakeMediaGraphFactory graphs;
-    QuietHost host;
+    FakeHost host;
     FramePaneMakers makers;
     CPlayerScreen* player = nullptr;
     CBrowserScreen* browser = nullptr;
@@ -118,7 +101,7 @@ TEST_F(BrowserInFrame, TheTourWalksTheBrowserAndFillsMyFavourites2) {
     LoadPlaylist(GetFavoritesPath(1), favourites);
     ASSERT_EQ(favourites.Count(), 1);
     EXPECT_TRUE(favourites.At(0)->Text(1).starts_with(u"\\Storage Card\\Abba\\"));
-    EXPECT_EQ(host.sounds, std::vector<std::string>{"\\Windows\\MyFavorite.wav"});
+    EXPECT_EQ(host.sounds, std::vector<std::u16string>{u"\\Windows\\MyFavorite.wav"});
 }
 
 // A user playlist at the top: its menu comes from the list's request, and

@@ -12,7 +12,12 @@
 #include "ui/widgets/lists/list_notify.h"
 #include "ui/widgets/lists/playlist_list_ctrl.h"
 #include "ui/widgets/lists/track_list_ctrl.h"
-#include "ui/widgets/lists/track_list_model.h"
+#include <QFont>
+#include <QFontMetrics>
+#include "res/bitmap_ids.h"
+#include "ui/widgets/drawing/text_fit.h"
+#include "ui/widgets/lists/bitmap_button.h"
+#include "ui/widgets/skin/skin_module.h"
 
 namespace zelvor {
 namespace {
@@ -41,7 +46,6 @@ protected:
     QPoint RowPoint(int row, int x = 20) const {
         return {x, m_list->visualRect(m_list->model()->index(row, 0)).center().y()};
     }
-    std::vector<WindowMessage> Messages() { return m_parent.Take(); }
 
     PlaylistEntryList m_rows;
     testing::MessageSink m_parent;
@@ -55,15 +59,15 @@ TEST_F(PlaylistListCtrlTest, TapsOnRowsPostClickAndDoubleClickButEmptySpaceNothi
     m_list->SortRows();
     EXPECT_EQ(m_list->model()->index(0, 0).data().toString(), "Row 2"); // Z to A
     QTest::mouseClick(Viewport(), Qt::LeftButton, {}, RowPoint(1));
-    EXPECT_EQ(Messages(), (std::vector<WindowMessage>{{kMsgListClick, 1, 0}}));
+    EXPECT_EQ(m_parent.Take(), (std::vector<WindowMessage>{{kMsgListClick, 1, 0}}));
     const QPoint below = RowPoint(2) + QPoint(0, 60);
     // A double click comes as a click and then the second press.
     QTest::mouseClick(Viewport(), Qt::LeftButton, {}, below);
     QTest::mouseDClick(Viewport(), Qt::LeftButton, {}, below);
-    EXPECT_TRUE(Messages().empty());
+    EXPECT_TRUE(m_parent.Take().empty());
     QTest::mouseClick(Viewport(), Qt::LeftButton, {}, RowPoint(2));
     QTest::mouseDClick(Viewport(), Qt::LeftButton, {}, RowPoint(2));
-    EXPECT_EQ(Messages(), (std::vector<WindowMessage>{{kMsgListClick, 2, 0},
+    EXPECT_EQ(m_parent.Take(), (std::vector<WindowMessage>{{kMsgListClick, 2, 0},
                                                       {kMsgListDoubleClick, 2, 0}}));
 }
 
@@ -81,7 +85,7 @@ TEST_F(PlaylistListCtrlTest, KeysPostOncePerPress) {
     SendKey(m_list, QEvent::KeyPress, Qt::Key_Right, true);
     SendKey(m_list, QEvent::KeyPress, Qt::Key_Return);
     SendKey(m_list, QEvent::KeyRelease, Qt::Key_Return);
-    EXPECT_EQ(Messages(), (std::vector<WindowMessage>{
+    EXPECT_EQ(m_parent.Take(), (std::vector<WindowMessage>{
                               {kMsgListLeft, 3, 0}, {kMsgListRight, 3, 0}, {kMsgListClick, 3, 1}}));
 }
 
@@ -98,7 +102,7 @@ TEST_F(PlaylistListCtrlTest, ADragSelectsExactlyTheTouchedRowsOfTheVisiblePage) 
     EXPECT_EQ(m_list->SelectedIndexes(), (std::vector<int>{0, 6, 7}));
     SendMouse(Viewport(), QEvent::MouseButtonRelease, RowPoint(6, 60), Qt::NoButton);
     EXPECT_EQ(m_list->SelectedIndexes(), (std::vector<int>{0, 6, 7}));
-    EXPECT_TRUE(Messages().empty());
+    EXPECT_TRUE(m_parent.Take().empty());
     // A press on an unselected row selects it alone; dragging out scrolls.
     m_list->verticalScrollBar()->setValue(0);
     SendMouse(Viewport(), QEvent::MouseButtonPress, RowPoint(2));
@@ -119,16 +123,15 @@ TEST_F(PlaylistListCtrlTest, AHeldStillPressAsksForTheMenuAndItsReleaseChoosesNo
     SendMouse(Viewport(), QEvent::MouseButtonPress, point);
     QTest::qWait(CPlaylistListCtrl::kContextHoldMs + 150);
     SendMouse(Viewport(), QEvent::MouseButtonRelease, point, Qt::NoButton);
-    EXPECT_EQ(Messages(), (std::vector<WindowMessage>{
+    EXPECT_EQ(m_parent.Take(), (std::vector<WindowMessage>{
                               {kMsgListContextMenu, 0, PackPoint(global.x(), global.y())}}));
 
     SendMouse(Viewport(), QEvent::MouseButtonPress, RowPoint(0));
     SendMouse(Viewport(), QEvent::MouseMove, RowPoint(2));
     QTest::qWait(CPlaylistListCtrl::kContextHoldMs + 150);
     SendMouse(Viewport(), QEvent::MouseButtonRelease, RowPoint(2), Qt::NoButton);
-    EXPECT_TRUE(Messages().empty());
+    EXPECT_TRUE(m_parent.Take().empty());
 }
-
 
 class TrackListCtrlTest : public testing::WidgetApplicationFirst, public ::testing::Test {
 protected:
@@ -182,6 +185,75 @@ TEST_F(TrackListCtrlTest, FiveColumnsStayConsistentThroughAddsRemovesAndSorts) {
     EXPECT_FALSE(m_list->RemoveTrack(2));
     EXPECT_EQ(m_list->RemoveAllTracks(false).size(), 2u);
     EXPECT_EQ(m_list->TrackAt(0), nullptr);
+}
+
+// The bitmap button's choice of bitmap by state, read back from its pixels;
+// and the shared text fitting: cut texts end in "..." and are as long as fits.
+struct FaceCase {
+    const char* name;
+    bool down, focused, disabled;
+    BitmapId focusedBitmap, disabledBitmap;
+    BitmapId shown;
+    bool loadAgain = false; // then loaded again with Stop's two bitmaps only
+};
+
+class BitmapButtonFace : public ::testing::TestWithParam<FaceCase> {};
+
+TEST_P(BitmapButtonFace, ShowsTheBitmapOfTheFirstStateThatHasOne) {
+    const FaceCase& c = GetParam();
+    testing::EnsureQtApplication();
+    QWidget screen;
+    auto* other = new QWidget(&screen);
+    other->setFocusPolicy(Qt::StrongFocus);
+    auto* button = new CBitmapButton(2005, &screen);
+    button->LoadBitmaps(kBmpPortraitPlay, kBmpPortraitPlayPressed, c.focusedBitmap,
+                        c.disabledBitmap);
+    if (c.loadAgain)
+        button->LoadBitmaps(kBmpPortraitStop, kBmpPortraitStopPressed);
+    button->resize(button->sizeHint());
+    screen.show();
+    screen.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&screen));
+    (c.focused ? static_cast<QWidget*>(button) : other)->setFocus();
+    button->setDown(c.down);
+    button->setEnabled(!c.disabled);
+    const QImage expected = LoadSkinBitmap(SkinResourceHandle(), c.shown);
+    ASSERT_FALSE(expected.isNull());
+    EXPECT_EQ(button->Command(), 2005);
+    EXPECT_EQ(button->grab().toImage().convertToFormat(QImage::Format_RGB32),
+              expected.convertToFormat(QImage::Format_RGB32));
+}
+
+constexpr BitmapId kPause = kBmpPortraitPause, kGrey = kBmpPortraitPlayDisabled;
+INSTANTIATE_TEST_SUITE_P(
+    States, BitmapButtonFace,
+    ::testing::Values(
+        FaceCase{"Normal", false, false, false, kPause, kGrey, kBmpPortraitPlay},
+        FaceCase{"PressedBeforeFocused", true, true, false, kPause, kGrey, kBmpPortraitPlayPressed},
+        FaceCase{"Focused", false, true, false, kPause, kGrey, kPause},
+        FaceCase{"FocusedWithoutBitmap", false, true, false, 0, kGrey, kBmpPortraitPlay},
+        FaceCase{"Disabled", false, false, true, kPause, kGrey, kGrey},
+        FaceCase{"DisabledWithoutBitmap", false, false, true, kPause, 0, kBmpPortraitPlay},
+        FaceCase{"LoadingAgainDropsTheFocusedBitmap", false, true, false, kPause, kGrey,
+                 kBmpPortraitStop, true}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+TEST(FitTextToWidth, KeepsFittingTextsAndCutsOthersToTheLongestFittingBeginning) {
+    testing::EnsureQtApplication();
+    const QFontMetrics metrics{QFont()};
+    const QString text = "A rather long title of a song that cannot fit";
+    const int full = metrics.horizontalAdvance(text);
+    EXPECT_EQ(FitTextToWidth(text, metrics, full), text);
+    EXPECT_EQ(FitTextToWidth(text, metrics, 0), QString());
+    EXPECT_EQ(FitTextToWidth(text, metrics, 1), "...");
+    for (const int width : {full - 1, full / 2, metrics.horizontalAdvance("A...")}) {
+        const QString cut = FitTextToWidth(text, metrics, width);
+        ASSERT_TRUE(cut.endsWith("...")) << width;
+        const QString kept = cut.chopped(3);
+        EXPECT_TRUE(text.startsWith(kept));
+        EXPECT_LE(metrics.horizontalAdvance(cut), width);
+        EXPECT_GT(metrics.horizontalAdvance(text.left(kept.size() + 1) + "..."), width) << width;
+    }
 }
 
 } // namespace

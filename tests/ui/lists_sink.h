@@ -1,6 +1,6 @@
 #pragma once
 // The parent window of a list control under test: it keeps every window
-// message the list posts or sends it and answers sent ones with `answer`.
+// message the list posts or sends it and answers sent ones with 0.
 // Also the app and the mouse and key events the tests feed the lists.
 
 #include <QCoreApplication>
@@ -19,7 +19,6 @@ namespace zelvor::testing {
 class MessageSink : public QWidget {
 public:
     std::vector<WindowMessage> received;
-    std::int32_t answer = 0;
 
     std::vector<WindowMessage> Take() {
         QCoreApplication::processEvents();
@@ -32,7 +31,7 @@ protected:
             return QWidget::event(event);
         auto* message = static_cast<WindowMessageEvent*>(event);
         received.push_back(message->Message());
-        message->SetResult(answer);
+        message->SetResult(0);
         return true;
     }
 };

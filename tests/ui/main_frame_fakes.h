@@ -76,29 +76,21 @@ public:
     std::vector<std::string> calls;
 };
 
-// The widget forms, for the frame itself.
-class FakePlayerScreen final : public QWidget, public RecordingPlayer {
+// The widget forms, for the frame itself; filled, so that pictures of the
+// frame never show unpainted memory.
+template <typename Pane>
+class FakeScreen final : public QWidget, public Pane {
 public:
-    // Filled, so that pictures of the frame never show unpainted memory.
-    explicit FakePlayerScreen(QWidget* parent) : QWidget(parent) { setAutoFillBackground(true); }
-    ~FakePlayerScreen() override {
+    explicit FakeScreen(QWidget* parent) : QWidget(parent) { setAutoFillBackground(true); }
+    ~FakeScreen() override {
         if (onDestroy)
             onDestroy();
     }
     QWidget* Widget() override { return this; }
     std::function<void()> onDestroy; // keys are left to the frame, as Escape is
 };
-
-class FakeBrowserScreen final : public QWidget, public RecordingBrowser {
-public:
-    explicit FakeBrowserScreen(QWidget* parent) : QWidget(parent) {}
-    ~FakeBrowserScreen() override {
-        if (onDestroy)
-            onDestroy();
-    }
-    QWidget* Widget() override { return this; }
-    std::function<void()> onDestroy;
-};
+using FakePlayerScreen = FakeScreen<RecordingPlayer>;
+using FakeBrowserScreen = FakeScreen<RecordingBrowser>;
 
 class FakeOutside : public OutsideWindows {
 public:

@@ -89,7 +89,6 @@ protected:
     FrameRules() : dev(Config()) {
         auto fixed = std::make_unique<FixedSpaceFileSystem>(dev.Root());
         fixed->Bind(u"\\Storage Card", card.Path() / "card");
-        space = fixed.get();
         dev.Get().SetFileSystem(std::move(fixed));
         window.player = &player;
         window.browser = &browser;
@@ -123,7 +122,6 @@ protected:
 
     TempDir card;
     TestDevice dev;
-    FixedSpaceFileSystem* space = nullptr;
     FakeWindow window;
     FakeOutside outside;
     RecordingPlayer player;

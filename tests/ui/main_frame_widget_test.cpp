@@ -2,12 +2,8 @@
 // skin and the screen's orientation reaching them.
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QImage>
-#include <QPointer>
 #include <QTest>
 
-#include "library/library_file.h"
 #include "tests/support/test_device.h"
 #include "tests/support/qt_app.h"
 #include "tests/ui/main_frame_rules_fixture.h"
@@ -17,6 +13,12 @@
 #include "ui/widgets/main_frame/main_frame.h"
 #include "ui/widgets/panel/play_list_panel.h"
 #include "ui/widgets/skin/skin_module.h"
+#include "app/application.h"
+#include "host/endpoint.h"
+#include "playback/player.h"
+#include "tests/support/fake_media_graph.h"
+#include "tests/playback/recording_player_view.h"
+#include "app/host_application.h"
 
 namespace zelvor {
 namespace {
@@ -28,13 +30,7 @@ protected:
         EnsureQtApplication();
         AppValues() = {};
         SelectSkinModule(0);
-    }
-    void TearDown() override {
-        frame.reset();
-        ReleaseSkinModule();
-    }
-    // A frame with fake panes.
-    void Make() {
+        // A frame with fake panes.
         FramePaneMakers makers;
         makers.player = [this](QWidget* parent, FrameMessages& messages) {
             auto pane = std::make_unique<FakePlayerScreen>(parent);
@@ -53,6 +49,10 @@ protected:
         ASSERT_TRUE(frame->Create());
         QObject::connect(frame.get(), &CMainFrame::Closed, [this] { ++closed; });
     }
+    void TearDown() override {
+        frame.reset();
+        ReleaseSkinModule();
+    }
 
     TestDevice dev;
     FakeOutside outside;
@@ -65,7 +65,6 @@ protected:
 };
 
 TEST_F(FrameWidget, EscapeIsTheBackKeyFromTheBrowserToThePlayerAndThenTheEnd) {
-    Make();
     paneMessages->ShowBrowser();
     EXPECT_TRUE(player->Called("CancelHoldTimers"));
     EXPECT_FALSE(player->isVisible());
@@ -95,7 +94,6 @@ class PanelLeaving : public FrameWidget, public ::testing::WithParamInterface<Le
 // over when rows were removed, so a deletion is never undone by leaving.
 // Untouched, the queue is left as it was.
 TEST_P(PanelLeaving, TheEditedListBecomesTheQueue) {
-    Make();
     const std::vector<std::string> queue{"\\Storage Card\\a.mp3", "\\Storage Card\\b.mp3"};
     player->queue = queue;
     paneMessages->ShowMenu();
@@ -110,6 +108,7 @@ TEST_P(PanelLeaving, TheEditedListBecomesTheQueue) {
         QTest::mouseClick(panel->Button(GetParam().way), Qt::LeftButton);
     SpinEvents();
     EXPECT_FALSE(panel->isVisible());
+    EXPECT_EQ(panel->List().model()->rowCount(), GetParam().deleteRow ? 1 : 2);
     EXPECT_EQ(player->Called("ReplaceQueueKeepingCurrent"), GetParam().deleteRow);
     EXPECT_EQ(player->queue.size(), GetParam().deleteRow ? 1u : 2u);
     EXPECT_EQ(player->queue[0], queue[0]);
@@ -121,6 +120,55 @@ INSTANTIATE_TEST_SUITE_P(Ways, PanelLeaving,
                                            LeaveCase{"BackKey", Qt::Key_Escape, true},
                                            LeaveCase{"BackKeyUntouched", Qt::Key_Escape, false}),
                          [](const auto& param) { return std::string(param.param.name); });
+
+// Start-up and end of the program on the host, wired through real endpoints.
+
+// A pane around the real player core on a fake graph, whose queue the
+// start-up check fills.
+class PlayerCorePane final : public QWidget, public RecordingPlayer {
+public:
+    explicit PlayerCorePane(QWidget* parent) : QWidget(parent), player(graphs, view) {}
+    QWidget* Widget() override { return this; }
+    int QueueCount() override { return player.Queue().EntryCount(); }
+    void ReplaceQueue(const TrackList& list) override { player.Queue().ReplaceQueue(list); }
+
+    FakeMediaGraphFactory graphs;
+    RecordingPlayerView view;
+    Player player;
+};
+
+// A run started on the host, filled from the library the start-up check
+// built, and ended by the shell through its endpoint.
+TEST(Startup, WhatOneRunLeavesTheNextReadsBack) {
+    EnsureQtApplication();
+    AppValues() = {};
+    TestDevice dev;
+    PlayerCorePane* core = nullptr;
+    FrameMessages* frameMessages = nullptr;
+    HostApplicationOptions options;
+    options.deviceRoot = dev.Root();
+    options.builder = PathOnlyRecord;
+    options.quitWhenClosed = false;
+    options.panes.player = [&](QWidget* parent, FrameMessages& messages) {
+        auto pane = std::make_unique<PlayerCorePane>(parent);
+        core = pane.get();
+        frameMessages = &messages;
+        return pane;
+    };
+    EndpointInstanceEnvironment environment{dev.Root(), QSize(240, 320)};
+    dev.WriteFile(u"\\Storage Card\\b.mp3", "x");
+    dev.WriteFile(u"\\Storage Card\\a.mp3", "x");
+    HostApplicationShell shell(options);
+    CZelvorApp app(environment, shell);
+    ASSERT_TRUE(app.InitInstance(u""));
+    frameMessages->PostToFrame({kMsgStartupCheck, 0, 0});
+    ASSERT_TRUE(SpinUntil([&] { return core->QueueCount() == 2; }));
+    // The shell asks the program to end through its endpoint.
+    ASSERT_TRUE(PostToEndpoint(dev.Root(), {EndpointKind::Title, u"Zelvor"},
+                               {kMsgShellClose, 0, 0}));
+    ASSERT_TRUE(SpinUntil([&] { return shell.Frame()->IsDestroyed(); }));
+    app.ExitInstance();
+}
 
 } // namespace
 } // namespace zelvor

@@ -1,3 +1,7 @@
+// The player's status elements drawn over a background: the time digits and
+// the volume gauge, pixel by pixel, which also checks the blits under them
+// (the background restored and the magenta key left transparent, nothing
+// touched outside); a null bitmap draws nothing.
 #include "ui/widgets/drawing/player_elements.h"
 
 #include <gtest/gtest.h>
@@ -5,6 +9,7 @@
 #include "tests/support/qt_app.h"
 #include "ui/rules/drawing/element_math.h"
 #include "ui/rules/layout/player_layout.h"
+#include "ui/widgets/drawing/blit.h"
 
 namespace zelvor {
 namespace {
@@ -129,6 +134,15 @@ INSTANTIATE_TEST_SUITE_P(Volumes, VolumeGaugeTest,
                                            GaugeCase{"Three", 3, false, 11},
                                            GaugeCase{"Muted", 5, true, -1}),
                          [](const auto& param) { return std::string(param.param.name); });
+
+TEST(Blits, ANullBitmapDrawsNothing) {
+    const QImage target = Painted(Dirty(), [](QPainter& p) {
+        DrawBitmap(p, QImage(), 0, 0);
+        DrawBitmapTransparent(p, QImage(), 0, 0);
+        RestoreBackground(p, QImage(), 0, 0, 4, 4);
+    });
+    EXPECT_EQ(target, Dirty());
+}
 
 } // namespace
 } // namespace zelvor

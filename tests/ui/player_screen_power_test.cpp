@@ -1,6 +1,7 @@
 // The battery gauge's level from a power-supply folder laid out as the
 // kernel lays out /sys/class/power_supply, including the entries that are
-// not the system's battery and files that do not hold what they should.
+// not the system's battery and files that do not hold what they should;
+// then the player's short sounds.
 
 #include <fstream>
 #include <gtest/gtest.h>
@@ -9,21 +10,16 @@
 
 #include "host/power_status.h"
 #include "tests/support/test_device.h"
+#include <cmath>
+#include "host/host_sounds.h"
+#include "tests/support/test_media.h"
+#include "tests/ui/player_screen_rig.h"
 
 namespace zelvor {
 namespace {
 
 using Files = std::map<std::string, std::string>;
 using Supplies = std::vector<std::pair<std::string, Files>>;
-
-TEST(PowerStatus, TheChargeInFifthsOnBattery) {
-    for (int percent = 0; percent <= 100; ++percent) { // 1-20 % is one fifth, 81-100 five
-        const SystemPowerStatus status{kAcLineOffline, kBatteryFlagHigh,
-                                       static_cast<std::uint8_t>(percent)};
-        EXPECT_EQ(BatteryLevelOf(true, status), (percent + 19) / 20) << percent << " %";
-    }
-    EXPECT_EQ(BatteryLevelOf(false, {kAcLineOffline, kBatteryFlagHigh, 50}), 100);
-}
 
 struct SupplyCase {
     const char* what;
@@ -50,6 +46,9 @@ TEST(PowerStatus, WhichSuppliesCountAndWhatTheirFilesSay) {
           {"BAT0", {{"type", "Battery"}, {"present", "0"}}},
           {"BAT1", Battery("77")}}, 4, 77},
         {"the first battery by name", {{"BAT1", Battery("90")}, {"BAT0", Battery("10")}}, 1, 10},
+        {"a fifth is up to 20 %", {{"BAT0", Battery("20")}}, 1, 20},
+        {"two fifths from 21 %", {{"BAT0", Battery("21")}}, 2, 21},
+        {"empty", {{"BAT0", Battery("0")}}, 0, 0},
         {"mains alone", {{"AC", mains("Mains")}}, 100, unknown},
         {"nothing at all", {}, 100, unknown},
         {"the energy counters without a capacity",
@@ -76,6 +75,50 @@ TEST(PowerStatus, WhichSuppliesCountAndWhatTheirFilesSay) {
     }
     SystemPowerStatus status;
     EXPECT_FALSE(ReadPowerStatus("/nonexistent/power_supply", status));
+}
+
+// The player's short sounds through GStreamer, heard through a WAV capture
+// (never a sound card): the device's wave files.
+// A 16-bit mono PCM wave file of a 660 Hz tone at 22050 Hz.
+std::string ToneWav(double seconds) {
+    std::string out;
+    auto le = [&out](std::uint32_t value, int bytes) {
+        for (int i = 0; i < bytes; ++i)
+            out.push_back(static_cast<char>((value >> (8 * i)) & 0xFF));
+    };
+    const auto frames = static_cast<std::uint32_t>(22050 * seconds);
+    out += "RIFF";
+    le(36 + 2 * frames, 4);
+    out += "WAVEfmt "; // PCM, mono, the rate, bytes a second, bytes a frame, bits a sample
+    for (auto [value, bytes] : {std::pair{16u, 4}, {1u, 2}, {1u, 2}, {22050u, 4}, {44100u, 4},
+                                {2u, 2}, {16u, 2}})
+        le(value, bytes);
+    out += "data";
+    le(2 * frames, 4);
+    for (std::uint32_t i = 0; i < frames; ++i)
+        le(static_cast<std::uint16_t>(
+               static_cast<std::int16_t>(12000 * std::sin(2 * M_PI * 660 * i / 22050))),
+           2);
+    return out;
+}
+
+TEST(HostSounds, TheDevicesWaveFilesPlayAndMissingOnesDoNot) {
+    testing::EnsureQtApplication();
+    testing::TestDevice device;
+    device.WriteFile(kSoundDeleteSong, ToneWav(0.25));
+    const auto capture = device.Root() / "sounds.wav";
+    {
+        HostSounds sounds(AudioSinkChoice{AudioSinkChoice::Kind::Wav, capture, false});
+        EXPECT_FALSE(sounds.PlaySound(kSoundMyFavorite)); // not on this device
+        EXPECT_EQ(sounds.ActiveSounds(), 0);
+        EXPECT_TRUE(sounds.PlaySound(u"\\WINDOWS\\deletesong.WAV")); // found ignoring case
+        // It ends by itself.
+        EXPECT_TRUE(testing::SpinUntil([&] { return sounds.ActiveSounds() == 0; }, 10000));
+    }
+    auto wav = testing::ReadWav(capture);
+    ASSERT_TRUE(wav);
+    EXPECT_NEAR(wav->Seconds(), 0.25, 0.05);
+    EXPECT_GT(wav->Peak(), 6000);
 }
 
 } // namespace

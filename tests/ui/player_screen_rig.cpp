@@ -1,20 +1,10 @@
 #include "tests/ui/player_screen_rig.h"
 
 #include <QKeyEvent>
-#include <QMouseEvent>
 
 #include "platform/text.h"
 
 namespace zelvor::testing {
-
-void SendMouse(QWidget& widget, QEvent::Type type, QPoint at) {
-    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-    const Qt::MouseButtons held =
-        type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
-    QMouseEvent event(type, QPointF(at), widget.mapToGlobal(QPointF(at)), button, held,
-                      Qt::NoModifier);
-    QApplication::sendEvent(&widget, &event);
-}
 
 void ScreenRig::MakeScreen(ScreenOrientation orientation) {
     DestroyScreen();
@@ -41,11 +31,6 @@ bool ScreenRig::KeyPress(int qtKey, bool autoRepeat) {
     QKeyEvent event(QEvent::KeyPress, qtKey, Qt::NoModifier, QString(), autoRepeat);
     QApplication::sendEvent(m_screen.get(), &event);
     return event.isAccepted();
-}
-
-void ScreenRig::KeyRelease(int qtKey, bool autoRepeat) {
-    QKeyEvent event(QEvent::KeyRelease, qtKey, Qt::NoModifier, QString(), autoRepeat);
-    QApplication::sendEvent(m_screen.get(), &event);
 }
 
 } // namespace zelvor::testing

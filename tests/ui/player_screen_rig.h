@@ -16,6 +16,7 @@
 #include "tests/support/fake_media_graph.h"
 #include "tests/support/test_device.h"
 #include "tests/support/qt_app.h"
+#include "tests/ui/lists_sink.h"
 #include "ui/widgets/player_screen/player_screen.h"
 
 namespace zelvor::testing {
@@ -62,8 +63,6 @@ struct FakeHost : SoundPlayer, IdleTimer, DisplayPower, PowerSource {
     LocalTime now{2024, 5, 3, 17, 9, 41, 0, 0};
 };
 
-// Pointer events at widget pixels, as Qt sends them.
-void SendMouse(QWidget& widget, QEvent::Type type, QPoint at);
 // The centre of a rectangle, as a widget point.
 inline QPoint Centre(const PixelRect& r) {
     return {(r.left + r.right) / 2, (r.top + r.bottom) / 2};
@@ -85,9 +84,12 @@ public:
     // Music files that exist, handed to the queue; each lasts `seconds`.
     void PlayList(std::initializer_list<std::u16string_view> names, int seconds = 100);
 
-    void Press(QPoint at) { SendMouse(*m_screen, QEvent::MouseButtonPress, at); }
-    void MoveTo(QPoint at) { SendMouse(*m_screen, QEvent::MouseMove, at); }
-    void Release(QPoint at) { SendMouse(*m_screen, QEvent::MouseButtonRelease, at); }
+    // Pointer events at widget pixels, as Qt sends them.
+    void Press(QPoint at) { SendMouse(m_screen.get(), QEvent::MouseButtonPress, at); }
+    void MoveTo(QPoint at) { SendMouse(m_screen.get(), QEvent::MouseMove, at); }
+    void Release(QPoint at) {
+        SendMouse(m_screen.get(), QEvent::MouseButtonRelease, at, Qt::NoButton);
+    }
     void Tap(QPoint at) { Press(at), Release(at); }
     QPoint Centre(int button) const {
         return testing::Centre(m_screen->Geometry().buttons[static_cast<std::size_t>(button)]);
@@ -95,7 +97,9 @@ public:
     void TapButton(int button) { Tap(Centre(button)); }
     // Keys as Qt reports them; returns whether the widget took the press.
     bool KeyPress(int qtKey, bool autoRepeat = false);
-    void KeyRelease(int qtKey, bool autoRepeat = false);
+    void KeyRelease(int qtKey, bool autoRepeat = false) {
+        SendKey(m_screen.get(), QEvent::KeyRelease, qtKey, autoRepeat);
+    }
 
     // The graph of the current track (nullptr when none).
     FakeMediaGraph* Graph() { return factory.current; }
