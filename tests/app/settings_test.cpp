@@ -46,13 +46,9 @@ TEST(ProfileNumbers, AreKeptUnderTheApplicationKeyByTableNamesAndFlushed) {
     EXPECT_EQ(GetProfileNumber(kTextSectionMain, kTextEntryRepeat, 0), 1u);
 }
 
-TEST(StorageLocations, FixedPlacesAndTheCardFolderFromTheRegistry) {
+TEST(StorageLocations, TheCardFolderComesFromTheRegistry) {
     TestDevice dev;
     EXPECT_EQ(GetStorageCardRoot(), u"\\Storage Card");
-    EXPECT_EQ(GetFlashDiskRoot(), u"\\Flash Disk");
-    EXPECT_EQ(GetProgramDirectory(), u"\\Flash Disk\\Zelvor");
-    EXPECT_EQ(GetMusicFolder(), u"\\Flash Disk\\Zelvor\\My Music");
-    EXPECT_EQ(GetPlaylistFolder(), u"\\Flash Disk\\Zelvor\\My Playlists");
     dev.Registry().CreateKey(HKLM, u"System\\StorageManager\\Profiles\\SDMMC");
     EXPECT_EQ(GetStorageCardRoot(), u"\\Storage Card"); // the value is missing
     dev.Registry().SetString(HKLM, u"System\\StorageManager\\Profiles\\SDMMC", u"Folder", u"SD Card");
