@@ -136,6 +136,8 @@ TEST(Fingerprint, FollowsTheFreeByteCountOfACardOfItsOwn) {
     EXPECT_EQ(GetProfileNumber(kTextSectionFlashDisk, kTextEntryFreeSpaceLow, 5), 5u);
     EXPECT_TRUE(StorageChanged(kStorageFlash, u"\\Flash Disk"));
 
+    space->free = 0x1'0000'0000; // a low half of zero
+    RecordFreeSpace(kStorageCard, u"\\Storage Card");
     std::filesystem::remove_all(card);
     EXPECT_TRUE(changed());
     // Recording with no card stores zero, which then reads as unchanged.
