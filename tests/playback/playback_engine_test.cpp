@@ -27,31 +27,6 @@ TEST(BuildGraph, SetsTheVolumeBeforeRunningAndShowsPlaying) {
     EXPECT_EQ(rig.engine.State(), kPlayStateStopped);
 }
 
-// A failing call keeps the slots obtained before it until the next release,
-// and leaves the state alone.
-TEST(BuildGraph, AFailingCallKeepsEarlierSlotsUntilRelease) {
-    const struct {
-        void (*fail)(testing::FakeGraphScript&);
-        int slotsKept; // the builder included
-    } cases[] = {{[](auto& s) { s.createResult = kEOutOfMemory; }, 0},
-                 {[](auto& s) { s.unrenderable = {"a.mp3"}; }, 0},
-                 {[](auto& s) { s.slotFailures[GraphSlot::Seeking] = kEFail; }, 3},
-                 {[](auto& s) { s.notifyResult = kEFail; }, 7},
-                 {[](auto& s) { s.runResult = kVfwEWrongState; }, 7}};
-    for (const auto& c : cases) {
-        EngineRig rig({u"a.mp3"});
-        c.fail(rig.factory.script);
-        EXPECT_TRUE(Failed(rig.engine.BuildGraph(rig.Path(0), true)));
-        int kept = 0;
-        for (int slot = 0; slot < kGraphSlotCount; ++slot)
-            kept += rig.slots.Has(static_cast<GraphSlot>(slot)) ? 1 : 0;
-        EXPECT_EQ(kept, c.slotsKept);
-        EXPECT_EQ(rig.engine.State(), kPlayStateEmpty);
-        rig.engine.ReleaseGraph();
-        EXPECT_EQ(rig.factory.liveGraphs, 0);
-    }
-}
-
 // An mp3 that will not render is stripped of its tag and tried once more;
 // other types are not retried, and a failure releases everything. A track
 // that opens starts the display at zero.

@@ -43,16 +43,6 @@ TEST(MpegSampleRates, HalvedPerVersionAndTheReservedIndexRepeatsTheFirst) {
     EXPECT_EQ(MpegSampleRate(4, 0) + MpegSampleRate(kMpegVersion1, 4), 0);
 }
 
-TEST(MpegHeaderBits, VersionAndLayerCodes) {
-    const int versions[] = {kMpegVersion25, kMpegVersionReserved, kMpegVersion2, kMpegVersion1};
-    const int layers[] = {0, 3, 2, 1};
-    for (std::uint32_t bits = 0; bits < 4; ++bits) {
-        EXPECT_EQ(MpegVersionOf(0xFFE00000u | bits << 19 | 3u << 17), versions[bits]);
-        EXPECT_EQ(MpegLayerOf(0xFFE00000u | bits << 17 | 3u << 19), layers[bits]);
-    }
-    EXPECT_TRUE(IsFrameSync(0xFFE00000) && !IsFrameSync(0xFFDFFFFF));
-}
-
 // 144000 for every layer but the first (MPEG-2 Layer III too: 417, not 208);
 // free format is the padding alone; negative rates truncate toward zero.
 TEST(MpegFrameLength, Factor144000ForEveryLayerButTheFirst) {

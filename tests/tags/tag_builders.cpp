@@ -79,10 +79,8 @@ std::string Id3v1(const Id3v1Fields& f) {
 }
 
 std::string MpegHeader(const MpegHeaderBits& b) {
-    return Be32(0xFFE00000u | (b.versionBits & 3) << 19 | (b.layerBits & 3) << 17 |
-           (b.protection & 1) << 16 | (b.bitRateIndex & 15) << 12 | (b.sampleRateIndex & 3) << 10 |
-           (b.padding & 1) << 9 | (b.channelMode & 3) << 6 | (b.copyright & 1) << 3 |
-           (b.original & 1) << 2 | (b.emphasis & 3));
+    return Be32(0xFFE00000u | (b.versionBits & 3) << 19 | 1u << 17 | 1u << 16 |
+                (b.bitRateIndex & 15) << 12 | (b.padding & 1) << 9);
 }
 
 std::string AsfObject(const AsfGuid& guid, std::string_view body) {

@@ -45,18 +45,11 @@ struct Id3v1Fields {
 };
 std::string Id3v1(const Id3v1Fields& f);
 
-// MPEG audio frame header from its bit fields.
+// A Layer III frame header without CRC, 44,100 Hz (22,050 for MPEG-2), stereo.
 struct MpegHeaderBits {
-    unsigned versionBits = 3; // 11 MPEG-1, 10 MPEG-2, 00 MPEG-2.5, 01 reserved
-    unsigned layerBits = 1;   // 01 layer III, 10 layer II, 11 layer I, 00 reserved
-    unsigned protection = 1;
+    unsigned versionBits = 3;  // 11 MPEG-1, 10 MPEG-2
     unsigned bitRateIndex = 9; // 128 kbit/s for MPEG-1 Layer III
-    unsigned sampleRateIndex = 0;
     unsigned padding = 0;
-    unsigned channelMode = 0;
-    unsigned copyright = 0;
-    unsigned original = 0;
-    unsigned emphasis = 0;
 };
 std::string MpegHeader(const MpegHeaderBits& b);
 
