@@ -7,6 +7,7 @@
 #include <set>
 
 #include <sys/resource.h>
+#include <sys/xattr.h>
 
 #include "platform/device_fs.h"
 #include "platform/text.h"
@@ -160,8 +161,11 @@ TEST(DeviceFind, WildcardsAndEntryData) {
 TEST(DeviceAttributes, HiddenAndSystemSurviveAndReadOnlyMapsToPermissions) {
     TestDevice dev;
     dev.WriteFile(u"\\Storage Card\\h.mp3", "x");
-    if (!dev.Fs().SetAttributes(u"\\Storage Card\\h.mp3", kAttrHidden | kAttrSystem))
+    // Skipped only where the host cannot keep a word at all, so that a word
+    // this program fails to write is a failure, not a skip.
+    if (::setxattr(dev.Host(u"\\Storage Card").c_str(), "user.probe", "1", 1, 0) != 0)
         GTEST_SKIP() << "this host file system keeps no extended attributes";
+    ASSERT_TRUE(dev.Fs().SetAttributes(u"\\Storage Card\\h.mp3", kAttrHidden | kAttrSystem));
     EXPECT_EQ(dev.Fs().GetAttributes(u"\\Storage Card\\h.mp3") & (kAttrHidden | kAttrSystem),
               kAttrHidden | kAttrSystem);
     FindData data;
