@@ -148,6 +148,7 @@ INSTANTIATE_TEST_SUITE_P(
                       std::string("REGEDIT4\n[HKEY_LOCAL_MACHINE\\OMBREL]\n\"Language\"=dword:xyz\n"),
                       std::string("REGEDIT4\n\"Orphan\"=dword:1\n"),
                       std::string("REGEDIT4\n[HKEY_CURRENT_USER\\Wrong hive]\n"),
+                      std::string("REGEDIT4\n[HKEY_LOCAL_MACHINE\\A]\n[HKEY_LOCAL_MACHINE\\OMBREL\n"),
                       std::string("REGEDIT4\n[HKEY_LOCAL_MACHINE\\OMBREL]\n\"Unterminated=\"x\n"),
                       std::string("REGEDIT4\n[HKEY_LOCAL_MACHINE\\OMBREL]\n\"Name\"=\"x\"junk\n"),
                       std::string("REGEDIT4\n[HKEY_LOCAL_MACHINE\\OMBREL]\n=dword:1\n"),
