@@ -86,6 +86,7 @@ template <typename Visit> void ForEachName(std::u16string_view names, Visit visi
 // opened or holds nothing (then FindFirst finds nothing either).
 std::vector<FindData> ListFolder(std::u16string_view folder) {
     std::vector<FindData> entries;
+    entries.reserve(16); // an album's folder, without growing
     FindData data;
     auto find = Fs().FindFirst(PatternOf(folder), data, FindDetail::Attributes);
     if (!find)
@@ -148,12 +149,12 @@ void LibraryUpdater::ShowCount(std::uint16_t textId, int count) {
         m_view->SetCountLine(FormatText(LoadLocalText(kLocalTextFileName, m_language, textId), count));
 }
 
-int LibraryUpdater::AddFoundFile(std::u16string_view path, const FindData& findData, int typeCode) {
+int LibraryUpdater::AddFoundFile(std::u16string path, const FindData& findData, int typeCode) {
     if (findData.attributes & (kAttrHidden | kAttrSystem)) {
         ++m_stats.skipped;
         return 0;
     }
-    m_found.push_back({std::u16string(path), typeCode});
+    m_found.push_back({std::move(path), typeCode});
     return 1;
 }
 

@@ -87,7 +87,7 @@ public:
     int AddFoundFilesToLibrary();
     // Lists one file the search found: 0 for a hidden or system file, which is
     // left out, else 1.
-    int AddFoundFile(std::u16string_view path, const FindData& findData, int typeCode);
+    int AddFoundFile(std::u16string path, const FindData& findData, int typeCode);
 
     // Cancel: ends the running loop at its next test; thread- and signal-safe.
     void RequestCancel();

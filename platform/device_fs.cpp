@@ -170,12 +170,13 @@ std::unique_ptr<FindHandle> DeviceFileSystem::FindFirst(std::u16string_view patt
     if (!opened)
         return nullptr;
 
-    // Bound folders show up in their parent like mount points.
+    // Bound folders show up in their parent like mount points. Both sides
+    // are normalized already ("\a", or "" for the root), so they compare as
+    // they stand: a scan asks this once for every folder it lists.
     std::vector<FindData> bound;
     std::vector<std::u16string> boundNames;
-    std::u16string parent = NormalizePath(folder);
     for (const Binding& b : m_bindings) {
-        if (!EqualsIgnoreCase(NormalizePath(DeviceFolderOf(b.prefix)), parent))
+        if (!EqualsIgnoreCase(DeviceFolderOf(b.prefix), folder))
             continue;
         std::u16string name(DeviceNameOf(b.prefix));
         boundNames.push_back(name);
