@@ -53,6 +53,10 @@ TEST(StorageLocations, TheCardFolderComesFromTheRegistry) {
     EXPECT_EQ(GetStorageCardRoot(), u"\\Storage Card"); // the value is missing
     dev.Registry().SetString(HKLM, u"System\\StorageManager\\Profiles\\SDMMC", u"Folder", u"SD Card");
     EXPECT_EQ(GetStorageCardRoot(), u"\\SD Card");
+    // Cut to the 259 characters a device path buffer holds.
+    dev.Registry().SetString(HKLM, u"System\\StorageManager\\Profiles\\SDMMC", u"Folder",
+                             std::u16string(300, u'c'));
+    EXPECT_EQ(GetStorageCardRoot(), u"\\" + std::u16string(258, u'c'));
 }
 
 struct ClassifyCase {
