@@ -53,7 +53,7 @@ TEST(StorageLocations, TheCardFolderComesFromTheRegistry) {
     EXPECT_EQ(GetStorageCardRoot(), u"\\Storage Card"); // the value is missing
     dev.Registry().SetString(HKLM, u"System\\StorageManager\\Profiles\\SDMMC", u"Folder", u"SD Card");
     EXPECT_EQ(GetStorageCardRoot(), u"\\SD Card");
-    // Cut to the 259 characters a device path buffer holds.
+    // The value is read into 258 characters; with its backslash, a path.
     dev.Registry().SetString(HKLM, u"System\\StorageManager\\Profiles\\SDMMC", u"Folder",
                              std::u16string(300, u'c'));
     EXPECT_EQ(GetStorageCardRoot(), u"\\" + std::u16string(258, u'c'));
