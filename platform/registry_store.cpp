@@ -132,8 +132,7 @@ std::optional<std::uint32_t> ParseHex32(std::u16string_view digits) {
 
 // The text of a hex(1) value; nullopt when a byte is not two hex digits.
 std::optional<std::u16string> ParseHexString(std::u16string_view bytes) {
-    std::u16string out;
-    std::optional<std::uint32_t> low;
+    std::vector<std::uint8_t> octets;
     while (!bytes.empty()) {
         const size_t comma = std::min(bytes.find(u','), bytes.size());
         std::u16string_view digits = bytes.substr(0, comma);
@@ -141,14 +140,12 @@ std::optional<std::u16string> ParseHexString(std::u16string_view bytes) {
         const auto value = digits.size() == 2 ? ParseHex32(digits) : std::nullopt;
         if (!value)
             return std::nullopt;
-        if (low) {
-            out.push_back(static_cast<char16_t>(*low | (*value << 8)));
-            low.reset();
-        } else {
-            low = value;
-        }
+        octets.push_back(static_cast<std::uint8_t>(*value));
         bytes.remove_prefix(std::min(comma + 1, bytes.size()));
     }
+    std::u16string out;
+    for (size_t i = 0; i + 1 < octets.size(); i += 2)
+        out.push_back(static_cast<char16_t>(octets[i] | (octets[i + 1] << 8)));
     if (!out.empty() && out.back() == u'\0')
         out.pop_back();
     return out;
