@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/folder_listing.h"
 #include "platform/text.h"
 
 namespace zelvor {
@@ -36,7 +36,7 @@ std::uint64_t HashOfName(std::string_view text) { // FNV-1a
 }
 
 struct Frame {
-    DIR* dir;
+    FolderStream dir;
     std::string relative; // from the walked folder, "/"-separated
     dev_t device;
     ino_t inode;
@@ -51,10 +51,6 @@ public:
         if (ec)
             m_base = base;
     }
-    ~Walk() {
-        for (Frame& frame : m_stack)
-            ::closedir(frame.dir);
-    }
     Walk(const Walk&) = delete;
     Walk& operator=(const Walk&) = delete;
 
@@ -62,9 +58,8 @@ public:
         if (!Enter(AT_FDCWD, m_folder.c_str(), {}))
             return std::nullopt;
         while (!m_stack.empty()) {
-            dirent* entry = ::readdir(m_stack.back().dir);
+            const dirent64* entry = m_stack.back().dir.Next();
             if (!entry) {
-                ::closedir(m_stack.back().dir);
                 m_stack.pop_back();
                 continue;
             }
@@ -76,16 +71,11 @@ public:
 
 private:
     bool Enter(int parentFd, const char* name, std::string relative) {
-        int fd = ::openat(parentFd, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-        if (fd < 0)
-            return false;
+        FolderStream dir(::openat(parentFd, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
         struct stat st {};
-        DIR* dir = ::fstat(fd, &st) == 0 ? ::fdopendir(fd) : nullptr;
-        if (!dir) {
-            ::close(fd);
+        if (!dir || ::fstat(dir.Fd(), &st) != 0)
             return false;
-        }
-        m_stack.push_back({dir, std::move(relative), st.st_dev, st.st_ino});
+        m_stack.push_back({std::move(dir), std::move(relative), st.st_dev, st.st_ino});
         return true;
     }
 
@@ -105,12 +95,12 @@ private:
         return b == m_base.end();
     }
 
-    void Visit(const dirent& entry) {
+    void Visit(const dirent64& entry) {
         std::string_view name = entry.d_name; // "." and ".." are dot folders, never entered
         const Frame& parent = m_stack.back();
         std::string relative = parent.relative.empty() ? std::string(name)
                                                        : parent.relative + "/" + std::string(name);
-        const int parentFd = ::dirfd(parent.dir);
+        const int parentFd = parent.dir.Fd();
         if (entry.d_type == DT_DIR) {
             EnterFolder(parentFd, name, std::move(relative));
             return;
@@ -132,7 +122,7 @@ private:
             AddFile(relative, st);
     }
 
-    static bool IsLink(int parentFd, const dirent& entry) {
+    static bool IsLink(int parentFd, const dirent64& entry) {
         if (entry.d_type != DT_UNKNOWN)
             return entry.d_type == DT_LNK;
         struct stat st {};
